@@ -15,7 +15,7 @@ endif()
 
 add_library(quillon_options INTERFACE)
 target_compile_options(
-  quillon_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion
+  quillon_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Wno-missing-field-initializers
                             -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # -fpch-preprocess lets ccache see through the precompiled header.

@@ -10,8 +10,9 @@ using namespace std::string_view_literals;
 inline constexpr auto productOrigin = "https://quillon.example"sv;
 inline constexpr auto productHome = "https://quillon.example/"sv;
 inline constexpr auto heroImage = "https://quillon.example/assets/hero.png"sv;
-inline constexpr auto exampleImagePrefix = "https://quillon.example/assets/examples/"sv; ///< stem, ".png" follow
-inline constexpr auto productIcon = "https://quillon.example/assets/icon.png"sv;         ///< 1024 px
+inline constexpr auto exampleImagePrefix =
+    "https://quillon.example/assets/examples/"sv;                                ///< stem, ".png" follow
+inline constexpr auto productIcon = "https://quillon.example/assets/icon.png"sv; ///< 1024 px
 inline constexpr auto makerHome = "https://tarnwell.example/"sv;
 inline constexpr auto feedbackMailbox = "feedback@tarnwell.example"sv;
 inline constexpr auto formatDocumentation = "https://developer.apple.com/documentation/applenewsformat"sv;
