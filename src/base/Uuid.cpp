@@ -1,0 +1,122 @@
+#include "base/Uuid.h"
+
+#include <array>
+#include <atomic>
+#include <bit>
+#include <cstdio>
+#include <cstdlib>
+
+#include <pthread.h>
+#include <sys/random.h>
+
+namespace quillon {
+
+namespace {
+
+constexpr std::size_t writtenLength = 36;
+
+constexpr bool isHyphenPlace(std::size_t index) {
+    return index == 8 || index == 13 || index == 18 || index == 23;
+}
+
+constexpr int hexadecimalValue(char digit) {
+    if (digit >= '0' && digit <= '9')
+        return digit - '0';
+    if (digit >= 'a' && digit <= 'f')
+        return digit - 'a' + 10;
+    if (digit >= 'A' && digit <= 'F')
+        return digit - 'A' + 10;
+    return -1;
+}
+
+/// Counts the forks that lie between this process and the first one, so that a child seeds anew.
+std::atomic<unsigned> forkGeneration = 1;
+
+void watchForks() {
+    static const int watching =
+        pthread_atfork(nullptr, nullptr, [] { forkGeneration.fetch_add(1, std::memory_order_relaxed); });
+    if (watching != 0) {
+        std::fputs("quillon: no memory to watch for forks\n", stderr);
+        std::abort();
+    }
+}
+
+/// A xoshiro256++ generator seeded with the system's entropy, one for each thread.
+class Generator {
+public:
+    std::uint64_t next() {
+        const std::uint64_t result = std::rotl(state_[0] + state_[3], 23) + state_[0];
+        const std::uint64_t shifted = state_[1] << 17;
+        state_[2] ^= state_[0];
+        state_[3] ^= state_[1];
+        state_[1] ^= state_[2];
+        state_[0] ^= state_[3];
+        state_[2] ^= shifted;
+        state_[3] = std::rotl(state_[3], 45);
+        return result;
+    }
+
+    void seedIfStale() {
+        const unsigned generation = forkGeneration.load(std::memory_order_relaxed);
+        if (generation == seededIn_) [[likely]]
+            return;
+        watchForks();
+        if (getentropy(state_.data(), sizeof state_) != 0) {
+            std::perror("quillon: the system gives no random bytes");
+            std::abort();
+        }
+        state_[0] |= 1; // the one state the generator cannot leave is all zeros
+        seededIn_ = generation;
+    }
+
+private:
+    std::array<std::uint64_t, 4> state_{};
+    unsigned seededIn_ = 0;
+};
+
+} // namespace
+
+Uuid Uuid::random() {
+    thread_local Generator generator;
+    generator.seedIfStale();
+    Uuid uuid{generator.next(), generator.next()};
+    uuid.high = (uuid.high & ~0xF000ULL) | 0x4000ULL;
+    uuid.low = (uuid.low & ~(3ULL << 62)) | (2ULL << 62);
+    return uuid;
+}
+
+std::string Uuid::text() const {
+    std::string written(writtenLength, '-');
+    int nibble = 0;
+    for (std::size_t i = 0; i < writtenLength; ++i) {
+        if (isHyphenPlace(i))
+            continue;
+        const std::uint64_t word = nibble < 16 ? high : low;
+        written[i] = "0123456789ABCDEF"[(word >> (60 - 4 * (nibble % 16))) & 0xF];
+        ++nibble;
+    }
+    return written;
+}
+
+std::optional<Uuid> parseUuid(std::string_view text) {
+    if (text.size() != writtenLength)
+        return std::nullopt;
+    Uuid uuid;
+    int nibble = 0;
+    for (std::size_t i = 0; i < writtenLength; ++i) {
+        if (isHyphenPlace(i)) {
+            if (text[i] != '-')
+                return std::nullopt;
+            continue;
+        }
+        const int value = hexadecimalValue(text[i]);
+        if (value < 0)
+            return std::nullopt;
+        std::uint64_t& word = nibble < 16 ? uuid.high : uuid.low;
+        word = (word << 4) | static_cast<std::uint64_t>(value);
+        ++nibble;
+    }
+    return uuid;
+}
+
+} // namespace quillon
