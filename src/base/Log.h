@@ -7,8 +7,8 @@ namespace quillon {
 
 /// The channel of timing lines: subsystem "com.tarnwell.quillon", category "Performance", debug level. It is
 /// silent unless the environment variable QUILLON_LOG turns it on at the first line: "performance" or "1"
-/// writes to standard error, a value with a "/" in it is the path of a file that is written anew, its folders made. Safe from
-/// any thread.
+/// writes to standard error, a value with a "/" in it is the path of a file that is written anew, its folders
+/// made. Safe from any thread.
 
 /// The clock of `logDuration`: seconds, as a caller notes them before the work.
 double logClock();
