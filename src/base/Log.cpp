@@ -6,7 +6,9 @@
 #include <atomic>
 #include <charconv>
 #include <cstdlib>
+#include <memory>
 #include <mutex>
+#include <string>
 
 #include <spdlog/sinks/base_sink.h>
 #include <spdlog/sinks/basic_file_sink.h>

@@ -5,6 +5,8 @@
 #include <boost/url/parse.hpp>
 #include <boost/url/url_view.hpp>
 
+#include <utility>
+
 namespace quillon {
 
 namespace {

@@ -1,5 +1,6 @@
 #include "base/Log.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
