@@ -88,10 +88,11 @@ private:
         std::optional<NodeStatus> old;
     };
 
-    struct WrittenFile {
-        FileDescriptor file;
+    /// A finished file or folder that has yet to be flushed.
+    struct Finished {
+        FileDescriptor descriptor;
         std::string path;
-        Bytes bytes;
+        std::optional<Bytes> bytes; ///< of a file
     };
 
     void begin(const FileWrapper::Children& children) {
@@ -125,26 +126,25 @@ private:
 
     Outcome finishFolder() {
         const std::optional<NodeStatus> like = levels_.back().old;
-        const bool isRoot = levels_.size() == 1;
-        FileDescriptor left;
-        if (isRoot) {
-            if (Outcome flushed = flushFiles(); !flushed)
-                return flushed;
-        } else {
-            SystemResult<FileDescriptor> leaving = made_.leave();
-            if (!leaving)
-                return failure(leaving);
-            left = std::move(*leaving);
-            old_.leave();
-        }
         levels_.pop_back();
-        const int folder = isRoot ? made_.folder() : left.number();
-        SystemResult<void> done;
-        if (like)
-            done = fileSystem_.setAccess(folder, *like);
-        if (done)
-            done = fileSystem_.sync(folder);
-        return done ? Outcome() : failure(done);
+        if (levels_.empty()) {
+            if (const SystemResult<void> set = setAccess(made_.folder(), like); !set)
+                return failure(set);
+            Outcome flushed = flush();
+            const SystemResult<void> synced =
+                flushed ? fileSystem_.sync(made_.folder()) : SystemResult<void>();
+            return synced ? flushed : failure(synced);
+        }
+        SystemResult<FileDescriptor> left = made_.leave();
+        if (!left)
+            return failure(left);
+        old_.leave();
+        const SystemResult<void> set = setAccess(left->number(), like);
+        return set ? keep(std::move(*left), std::nullopt) : failure(set);
+    }
+
+    SystemResult<void> setAccess(int descriptor, const std::optional<NodeStatus>& like) {
+        return like ? fileSystem_.setAccess(descriptor, *like) : SystemResult<void>();
     }
 
     Outcome placeFile(const std::string& name, const FileWrapper& wrapper) {
@@ -217,34 +217,34 @@ private:
                 return failure(count);
             rest.remove_prefix(*count);
         }
-        if (old) {
-            if (const SystemResult<void> set = fileSystem_.setAccess(file->number(), *old); !set)
-                return failure(set);
-        }
+        if (const SystemResult<void> set = setAccess(file->number(), old); !set)
+            return failure(set);
         ++built_.report.filesWritten;
         built_.report.bytesWritten += bytes.size();
         return keep(std::move(*file), bytes);
     }
 
-    /// Keeps a written file open to flush it together with others: the first flush of a batch carries most of
-    /// the work of all.
-    Outcome keep(FileDescriptor file, const Bytes& bytes) {
-        constexpr std::size_t batch = 64;
-        written_.push_back({std::move(file), path_, bytes});
-        return written_.size() < batch ? Outcome() : flushFiles();
+    /// Keeps what is finished open to flush it together with the rest: the first flush of many carries most
+    /// of the work of all, as long as nothing changes in between.
+    Outcome keep(FileDescriptor descriptor, const std::optional<Bytes>& bytes) {
+        constexpr std::size_t batch = 128;
+        finished_.push_back({std::move(descriptor), path_, bytes});
+        return finished_.size() < batch ? Outcome() : flush();
     }
 
-    Outcome flushFiles() {
-        for (const WrittenFile& file : written_) {
-            const SystemResult<void> synced = fileSystem_.sync(file.file.number());
+    Outcome flush() {
+        for (const Finished& each : finished_) {
+            const SystemResult<void> synced = fileSystem_.sync(each.descriptor.number());
             if (!synced)
-                return unexpected(diskFailure(file.path, synced.error()));
-            const SystemResult<NodeStatus> status = fileSystem_.status(file.file.number());
+                return unexpected(diskFailure(each.path, synced.error()));
+            if (!each.bytes)
+                continue;
+            const SystemResult<NodeStatus> status = fileSystem_.status(each.descriptor.number());
             if (!status)
-                return unexpected(diskFailure(file.path, status.error()));
-            built_.origins.emplace_back(file.bytes, status->identity);
+                return unexpected(diskFailure(each.path, status.error()));
+            built_.origins.emplace_back(*each.bytes, status->identity);
         }
-        written_.clear();
+        finished_.clear();
         return {};
     }
 
@@ -258,7 +258,7 @@ private:
     FolderCursor made_;
     OldFolder old_;
     std::vector<Level> levels_;
-    std::vector<WrittenFile> written_;
+    std::vector<Finished> finished_;
     BuiltFolder built_;
     bool canClone_ = true;
 };

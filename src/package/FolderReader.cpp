@@ -140,10 +140,7 @@ private:
         SystemResult<void> moved = moveTo(folder);
         if (!moved)
             return unexpected(diskFailure(pathOf(folder), moved.error()));
-        constexpr int attempts = 3;
-        SystemResult<Bytes> bytes = unexpected(EBUSY);
-        for (int attempt = 0; attempt < attempts && !bytes && bytes.error() == EBUSY; ++attempt)
-            bytes = readWhole(name);
+        const SystemResult<Bytes> bytes = readWhole(name);
         if (!bytes)
             return unexpected(diskFailure(pathOf(folder) + "/" + name, bytes.error()));
         return *bytes;
@@ -153,8 +150,18 @@ private:
         return unexpected(diskFailure(pathOf(folder) + "/" + name, ENOMEM));
     }
 
-    /// The contents of a file in the cursor's folder; EBUSY where the file changed while it was read.
+    /// The contents of a file in the cursor's folder; EBUSY where the file keeps changing while it is read.
     SystemResult<Bytes> readWhole(const std::string& name) {
+        constexpr int attempts = 3;
+        for (int attempt = 0; attempt < attempts; ++attempt) {
+            SystemResult<Bytes> bytes = readOnce(name);
+            if (bytes || bytes.error() != EBUSY)
+                return bytes;
+        }
+        return unexpected(EBUSY);
+    }
+
+    SystemResult<Bytes> readOnce(const std::string& name) {
         const SystemResult<FileDescriptor> file = fileSystem_.openFile(cursor_.folder(), name);
         if (!file)
             return unexpected(file.error());

@@ -94,17 +94,14 @@ private:
             return result;
         result = fileSystem_.sync(parent());
         if (!result)
-            (void)insist([&] { return rename(place_.name, workName_); });
+            (void)rename(place_.name, workName_);
         return result;
     }
 
     /// After the exchange: makes it last, or takes it back.
     SystemResult<void> settleExchange() {
         const SystemResult<void> result = fileSystem_.sync(parent());
-        const auto exchangeBack = [&] {
-            return fileSystem_.rename(parent(), workName_, place_.name, RenameRule::exchange);
-        };
-        workIsOld_ = result || !insist(exchangeBack);
+        workIsOld_ = result || !fileSystem_.rename(parent(), workName_, place_.name, RenameRule::exchange);
         return result;
     }
 
@@ -115,17 +112,14 @@ private:
         SystemResult<void> result = rename(place_.name, asideName_);
         if (!result)
             return result;
-        const auto moveBack = [&] {
-            return rename(asideName_, place_.name);
-        };
         result = rename(workName_, place_.name);
         if (!result) {
-            (void)insist(moveBack);
+            (void)rename(asideName_, place_.name);
             return result;
         }
         result = fileSystem_.sync(parent());
-        if (!result && insist([&] { return rename(place_.name, workName_); }))
-            (void)insist(moveBack);
+        if (!result && rename(place_.name, workName_))
+            (void)rename(asideName_, place_.name);
         return result;
     }
 
@@ -151,20 +145,13 @@ private:
         if (!status)
             return unexpected(status.error());
         locked.status = *status;
-        // Where a file system knows no locks, other processes cannot take one either and leave the folder
-        // alone.
+        // Where a file system knows no locks, other processes get none either and leave the folder alone.
         (void)fileSystem_.lock(locked.lock.number());
         return locked;
     }
 
     SystemResult<void> rename(const std::string& from, const std::string& to) {
         return fileSystem_.rename(parent(), from, to, RenameRule::noReplace);
-    }
-
-    /// Tries the way back twice: the package depends on it.
-    template <typename Step>
-    static bool insist(Step step) {
-        return step().has_value() || step().has_value();
     }
 
     Outcome finish(const SystemResult<void>& result) const {

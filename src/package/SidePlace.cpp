@@ -29,7 +29,10 @@ std::string sideStem(const std::string& name) {
 }
 
 std::string sidePrefix(const std::string& name, SideKind kind) {
-    return "." + sideStem(name) + (kind == SideKind::work ? ".quillon-save-" : ".quillon-aside-");
+    std::string prefix(1, '.');
+    prefix += sideStem(name);
+    prefix += kind == SideKind::work ? ".quillon-save-" : ".quillon-aside-";
+    return prefix;
 }
 
 bool isSide(const FolderEntry& entry, const std::string& prefix) {

@@ -154,6 +154,33 @@ TEST(ReadFolder, AFileIsReadWhenAskedForAndItsFailureNamesIt) {
     EXPECT_EQ(tree->child("c")->child("fine")->regularFileContents().value(), Bytes("1"));
 }
 
+TEST(ReadFolder, AFileIsReadWholeOrNotAtAllWhileItChanges) {
+    const struct {
+        int changes;
+        bool isRead;
+    } cases[] = {{1, true}, {2, true}, {3, false}};
+    for (const auto& [changes, isRead] : cases) {
+        SCOPED_TRACE(changes);
+        const ScratchFolder scratch;
+        scratch.write("Story/a", "first");
+        int reads = 0;
+        FaultPlan plan;
+        plan.before = [&, most = changes](std::string_view step) {
+            if (step == "read" && ++reads <= most)
+                std::ofstream(scratch.path("Story/a"), std::ios::app) << "+" << reads;
+        };
+        FaultyFileSystem busy(plan);
+        const auto tree = readFolder(scratch.path("Story"), busy);
+        const auto contents = tree->child("a")->regularFileContents();
+        EXPECT_EQ(contents.has_value(), isRead);
+        EXPECT_EQ(contents ? "" : contents.error().message,
+                  isRead ? "" : scratch.path("Story/a") + ": in use by another program");
+        if (contents) {
+            EXPECT_EQ((*contents)->view(), changes == 1 ? "first+1" : "first+1+2");
+        }
+    }
+}
+
 RC_GTEST_PROP(WriteFolder, WhatWasWrittenIsRead, ()) {
     const ScratchFolder scratch;
     const auto piece = rc::gen::container<std::string>(rc::gen::elementOf(std::string("ab.")));
@@ -240,6 +267,43 @@ TEST(WriteFolder, OurBytesWinOverAFileThatSomeoneChanged) {
         EXPECT_EQ(snapshot(scratch.path("Story")),
                   (Files{{"./", ""}, {"images/", ""}, {"images/a.png", "ours.."}}));
     }
+}
+
+TEST(WriteFolder, OurBytesWinOverAFileThatIsChangedWhileItIsTakenOver) {
+    for (const char* operation : {"link", "clone"}) {
+        SCOPED_TRACE(operation);
+        const ScratchFolder scratch;
+        scratch.write("Story/a.png", "ours");
+        const auto tree = readFolder(scratch.path("Story"));
+        EXPECT_EQ(filesIn(*tree).size(), 1U);
+        FaultPlan plan{.canLink = operation == std::string("link"), .canClone = true};
+        plan.before = [&](std::string_view step) {
+            if (step == operation)
+                std::ofstream(scratch.path("Story/a.png"), std::ios::binary) << "THEM";
+        };
+        FaultyFileSystem busy(plan);
+        const auto report = writeFolder(*tree, scratch.path("Story"), busy);
+        EXPECT_TRUE(report && report->filesWritten == 1);
+        EXPECT_EQ(snapshot(scratch.path("Story")), (Files{{"./", ""}, {"a.png", "ours"}}));
+    }
+}
+
+TEST(WriteFolder, LeavesAPackageAloneThatAnotherProgramPutThereMeanwhile) {
+    const ScratchFolder scratch;
+    scratch.write("Story/a", "1");
+    FaultPlan plan;
+    plan.before = [&](std::string_view step) {
+        if (step != "write" || fs::exists(scratch.path("moved")))
+            return;
+        fs::rename(scratch.path("Story"), scratch.path("moved"));
+        scratch.write("Story/theirs", "2");
+    };
+    FaultyFileSystem busy(plan);
+    const auto report = writeFolder(treeOf({{"a", "3"}}), scratch.path("Story"), busy);
+    ASSERT_FALSE(report);
+    EXPECT_EQ(report.error().message, scratch.path("Story") + ": moved or replaced by another program");
+    EXPECT_EQ(snapshot(scratch.path()),
+              (Files{{"./", ""}, {"Story/", ""}, {"Story/theirs", "2"}, {"moved/", ""}, {"moved/a", "1"}}));
 }
 
 TEST(WriteFolder, AFileTooFreshToTellItsNextChangeIsWritten) {

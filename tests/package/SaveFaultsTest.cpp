@@ -4,6 +4,7 @@
 #include "support/FaultyFileSystem.h"
 #include "support/ScratchFolder.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
 
@@ -59,6 +60,14 @@ public:
     std::size_t unchangedFiles() const { return isExisting_ ? 2 : 0; }
 
     bool isAsBefore() const { return snapshotWithModes(package()) == before_; }
+    /// A package that was moved aside comes back one day, so it must never be in pieces.
+    bool isWholeWhereMovedAside() const {
+        const std::set<std::string> names = scratch_.names();
+        return std::all_of(names.begin(), names.end(), [this](const std::string& name) {
+            return !name.starts_with(".Story.quillon-aside-") ||
+                   snapshotWithModes(scratch_.path(name)) == before_;
+        });
+    }
     bool isSaved() const { return snapshot(package()) == after_; }
     /// Whether nothing but the package stands in its folder.
     bool isTidy() const {
@@ -183,6 +192,7 @@ bool saveAndKill(const Variant& variant, const FaultPlan& plan) {
     const bool killed = WIFEXITED(status) && WEXITSTATUS(status) == killedStatus;
     EXPECT_TRUE(killed || status == 0);
 
+    EXPECT_TRUE(scene.isWholeWhereMovedAside());
     if (plan.canExchange) { // the package is never missing, not even for a moment
         EXPECT_TRUE(scene.isAsBefore() || scene.isSaved());
     }

@@ -8,6 +8,8 @@ namespace quillon::test {
 
 int FaultyFileSystem::strike(const char* operation, const std::string& name, Room room) {
     ++steps_;
+    if (plan_.before)
+        plan_.before(operation);
     if (plan_.step == 0 || steps_ < plan_.step)
         return 0;
     if (plan_.kind == FaultKind::kill)
@@ -23,57 +25,49 @@ int FaultyFileSystem::strike(const char* operation, const std::string& name, Roo
     return plan_.errorNumber;
 }
 
+template <typename Call>
+auto FaultyFileSystem::step(const char* operation, const std::string& name, Room room, Call call)
+    -> decltype(call()) {
+    if (const int error = strike(operation, name, room))
+        return unexpected(error);
+    return call();
+}
+
 std::string FaultyFileSystem::nameOf(int file) const {
     const auto found = created_.find(file);
     return found == created_.end() ? std::string() : found->second;
 }
 
 SystemResult<std::string> FaultyFileSystem::resolve(const std::string& path) {
-    if (const int error = strike("resolve", {}))
-        return unexpected(error);
-    return real_.resolve(path);
+    return step("resolve", {}, Room::notNeeded, [&] { return real_.resolve(path); });
 }
 
 SystemResult<FileDescriptor> FaultyFileSystem::openRoot(const std::string& path) {
-    if (const int error = strike("openRoot", {}))
-        return unexpected(error);
-    return real_.openRoot(path);
+    return step("openRoot", {}, Room::notNeeded, [&] { return real_.openRoot(path); });
 }
 
 SystemResult<FileDescriptor> FaultyFileSystem::openFolder(int folder, const std::string& name) {
-    if (const int error = strike("openFolder", {}))
-        return unexpected(error);
-    return real_.openFolder(folder, name);
+    return step("openFolder", {}, Room::notNeeded, [&] { return real_.openFolder(folder, name); });
 }
 
 SystemResult<FileDescriptor> FaultyFileSystem::openFile(int folder, const std::string& name) {
-    if (const int error = strike("openFile", name))
-        return unexpected(error);
-    return real_.openFile(folder, name);
+    return step("openFile", name, Room::notNeeded, [&] { return real_.openFile(folder, name); });
 }
 
 SystemResult<NodeStatus> FaultyFileSystem::status(int file) {
-    if (const int error = strike("status", {}))
-        return unexpected(error);
-    return real_.status(file);
+    return step("status", {}, Room::notNeeded, [&] { return real_.status(file); });
 }
 
 SystemResult<NodeStatus> FaultyFileSystem::statusAt(int folder, const std::string& name) {
-    if (const int error = strike("statusAt", {}))
-        return unexpected(error);
-    return real_.statusAt(folder, name);
+    return step("statusAt", {}, Room::notNeeded, [&] { return real_.statusAt(folder, name); });
 }
 
 SystemResult<std::vector<FolderEntry>> FaultyFileSystem::list(int folder) {
-    if (const int error = strike("list", {}))
-        return unexpected(error);
-    return real_.list(folder);
+    return step("list", {}, Room::notNeeded, [&] { return real_.list(folder); });
 }
 
 SystemResult<std::size_t> FaultyFileSystem::read(int file, char* buffer, std::size_t size) {
-    if (const int error = strike("read", {}))
-        return unexpected(error);
-    return real_.read(file, buffer, size);
+    return step("read", {}, Room::notNeeded, [&] { return real_.read(file, buffer, size); });
 }
 
 SystemResult<FileDescriptor> FaultyFileSystem::createFile(int folder, const std::string& name,
@@ -87,9 +81,7 @@ SystemResult<FileDescriptor> FaultyFileSystem::createFile(int folder, const std:
 }
 
 SystemResult<void> FaultyFileSystem::makeFolder(int folder, const std::string& name, unsigned mode) {
-    if (const int error = strike("makeFolder", name, Room::needed))
-        return unexpected(error);
-    return real_.makeFolder(folder, name, mode);
+    return step("makeFolder", name, Room::needed, [&] { return real_.makeFolder(folder, name, mode); });
 }
 
 SystemResult<std::size_t> FaultyFileSystem::write(int file, std::string_view text) {
@@ -122,15 +114,11 @@ SystemResult<void> FaultyFileSystem::clone(int from, int to) {
 }
 
 SystemResult<void> FaultyFileSystem::setAccess(int file, const NodeStatus& like) {
-    if (const int error = strike("setAccess", {}, Room::needed))
-        return unexpected(error);
-    return real_.setAccess(file, like);
+    return step("setAccess", {}, Room::needed, [&] { return real_.setAccess(file, like); });
 }
 
 SystemResult<void> FaultyFileSystem::setModified(int file, std::int64_t modified) {
-    if (const int error = strike("setModified", {}, Room::needed))
-        return unexpected(error);
-    return real_.setModified(file, modified);
+    return step("setModified", {}, Room::needed, [&] { return real_.setModified(file, modified); });
 }
 
 SystemResult<void> FaultyFileSystem::sync(int) {
@@ -149,15 +137,11 @@ SystemResult<void> FaultyFileSystem::rename(int folder, const std::string& from,
 }
 
 SystemResult<void> FaultyFileSystem::unlink(int folder, const std::string& name) {
-    if (const int error = strike("unlink", {}))
-        return unexpected(error);
-    return real_.unlink(folder, name);
+    return step("unlink", {}, Room::notNeeded, [&] { return real_.unlink(folder, name); });
 }
 
 SystemResult<void> FaultyFileSystem::removeFolder(int folder, const std::string& name) {
-    if (const int error = strike("removeFolder", {}))
-        return unexpected(error);
-    return real_.removeFolder(folder, name);
+    return step("removeFolder", {}, Room::notNeeded, [&] { return real_.removeFolder(folder, name); });
 }
 
 SystemResult<void> FaultyFileSystem::lock(int folder) {

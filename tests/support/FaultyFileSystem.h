@@ -2,9 +2,11 @@
 
 #include "base/FileSystem.h"
 
+#include <functional>
 #include <map>
-#include <set>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace quillon::test {
 
@@ -23,6 +25,9 @@ struct FaultPlan {
     bool canLink = true;
     bool canClone = false; ///< by copying
     bool canLock = true;
+
+    /// Called before each step with the name of its operation; what it does is the work of another program.
+    std::function<void(std::string_view)> before = nullptr;
 };
 
 constexpr int killedStatus = 77;
@@ -31,14 +36,13 @@ constexpr int killedStatus = 77;
 /// bytes only, so that there are several for each file.
 class FaultyFileSystem final : public FileSystem {
 public:
-    explicit FaultyFileSystem(FaultPlan plan) : plan_(plan) {}
+    explicit FaultyFileSystem(FaultPlan plan) : plan_(std::move(plan)) {}
 
     /// Whether the fault came to pass.
     bool hasStruck() const { return hasStruck_; }
     /// The operation and, where it is known, the name of the file that it struck.
     const std::string& struckOperation() const { return struckOperation_; }
     const std::string& struckName() const { return struckName_; }
-    std::size_t stepCount() const { return steps_; }
 
     SystemResult<std::string> resolve(const std::string& path) override;
     SystemResult<FileDescriptor> openRoot(const std::string& path) override;
@@ -67,6 +71,9 @@ private:
 
     /// Counts a step; the error it is to fail with, or 0.
     int strike(const char* operation, const std::string& name, Room room = Room::notNeeded);
+    /// Does a step, unless it is to fail.
+    template <typename Call>
+    auto step(const char* operation, const std::string& name, Room room, Call call) -> decltype(call());
     std::string nameOf(int file) const;
 
     FaultPlan plan_;
