@@ -1,5 +1,6 @@
 #pragma once
 
+#include "render/Motion.h"
 #include "render/PageContext.h"
 
 #include <cstdint>
@@ -7,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-/// Layouts, animations, anchors and scenes as CSS. Writers append to `out`; an absent record is a null
+/// Layouts and lengths as CSS. Writers append to `out`; an absent record is a null
 /// pointer or an empty optional and writes what its absence means.
 namespace quillon::HTMLRenderer {
 
@@ -26,15 +27,5 @@ void containerDisplayCSS(std::string& out, const Optional<ContentDisplay>& conte
 /// Keeps the content of a component that reaches over the document's margin aligned with the rest.
 void marginInsetCSS(std::string& out, const ComponentLayout* layout, const GridMetrics& grid);
 void minimumHeightCSS(std::string& out, const ComponentLayout* layout, const GridMetrics& grid);
-
-enum class HasFill { no, yes };
-void behaviorCSS(std::string& out, const Optional<Behavior>& behavior, HasFill hasFill);
-
-/// Class names; those of anchors and scenes bring their leading blank.
-std::string_view animationClass(const Optional<ComponentAnimation>& animation);
-std::string_view anchorClass(const Optional<Anchor>& anchor);
-std::string_view sceneClass(const Optional<ANFScene>& scene);
-void animationVariables(std::string& out, const Optional<ComponentAnimation>& animation);
-void sceneVariables(std::string& out, const Optional<ANFScene>& scene);
 
 } // namespace quillon::HTMLRenderer
