@@ -1,18 +1,25 @@
 #include "render/Maps.h"
-#include "render/ComponentFixture.h"
+#include "base/JsonWriter.h"
+#include "render/PageFixture.h"
+#include "render/ReadRecord.h"
 
 #include <gtest/gtest.h>
 
 namespace quillon::HTMLRenderer {
 namespace {
 
-/// A component that is a place: `members` stand behind its role, each behind a comma.
-ComponentFixture place(std::string_view members) {
-    return ComponentFixture(R"({"role":"place")" + std::string(members) + "}");
+/// The JSON of a component that is a place: `members` stand behind its role, each behind a comma.
+std::string place(std::string_view members) {
+    return R"({"role":"place")" + std::string(members) + "}";
+}
+Component placeOf(std::string_view members) {
+    return readRecord<Component>(place(members));
 }
 
 std::string urlMember(std::string_view url) {
-    return R"(,"URL":)" + jsonText(url);
+    JsonWriter writer;
+    writer.text(url);
+    return R"(,"URL":)" + writer.take();
 }
 
 /// The base64url text of `payload`, without padding, between two dots.
@@ -72,9 +79,9 @@ TEST(Maps, coordinates) {
     };
     for (const Case& test : cases) {
         SCOPED_TRACE(test.members);
-        const ComponentFixture fixture = place(test.members);
-        const std::string url = fixture.component().URL ? *fixture.component().URL : "";
-        EXPECT_EQ(mapCoordinates(fixture.component(), url), test.expected);
+        const Component component = placeOf(test.members);
+        const std::string url = component.URL ? *component.URL : "";
+        EXPECT_EQ(mapCoordinates(component, url), test.expected);
     }
 }
 
@@ -98,7 +105,7 @@ TEST(Maps, fallbackLink) {
     };
     for (const auto& test : cases) {
         SCOPED_TRACE(test.members);
-        EXPECT_EQ(mapFallbackURL(place(test.members).component()), test.expected);
+        EXPECT_EQ(mapFallbackURL(placeOf(test.members)), test.expected);
     }
 }
 
@@ -120,11 +127,11 @@ TEST(Maps, whereTheTokenComesFrom) {
     };
     for (const auto& test : cases) {
         SCOPED_TRACE(test.members);
-        const ComponentFixture fixture = place(test.members);
+        const Component component = placeOf(test.members);
         PreviewEnvironment environment;
         environment.mapsEmbedToken = test.configured;
-        const std::string url = fixture.component().URL ? *fixture.component().URL : "";
-        EXPECT_EQ(mapsToken(fixture.component(), environment, url), test.expected);
+        const std::string url = component.URL ? *component.URL : "";
+        EXPECT_EQ(mapsToken(component, environment, url), test.expected);
     }
 }
 
@@ -232,7 +239,7 @@ TEST(Maps, messagesAboutTheToken) {
         {withOrigin(R"(["https://o.example","HTTPS://P.EXAMPLE/"])"), "p.example", std::nullopt},
         {withOrigin(R"("https://o.example/,,ftp://x,q.example")"), "p.example",
          otherOrigin("https://o.example, https://q.example", preview)},
-        {withOrigin(R"(["a.example,p.example"])"), "p.example", 
+        {withOrigin(R"(["a.example,p.example"])"), "p.example",
          otherOrigin("https://a.example,p.example", preview)}, // not split in a list
         {good, "https://p.example:8443", otherOrigin(preview, "https://p.example:8443")},
         {good, "http://p.example", otherOrigin(preview, "http://p.example")},
@@ -245,18 +252,18 @@ TEST(Maps, messagesAboutTheToken) {
         {tokenOf("{}"), "ftp://p.example", noOrigin("https://quillon.example")},
         {tokenOf("{}"), std::nullopt, noOrigin("https://quillon.example")},
     };
-    const ComponentFixture fixture = place(somewhere);
+    const Component component = placeOf(somewhere);
     for (const Case& test : cases) {
         SCOPED_TRACE(test.token + " for " + test.origin.value_or("none"));
         PreviewEnvironment environment;
         environment.mapsEmbedToken = test.token;
         environment.mapsEmbedOrigin = test.origin;
-        EXPECT_EQ(validateMapsToken(fixture.component(), environment, now), test.expected);
+        EXPECT_EQ(validateMapsToken(component, environment, now), test.expected);
     }
     PreviewEnvironment bare;
-    EXPECT_EQ(validateMapsToken(place("").component(), bare, now), std::nullopt);
-    EXPECT_EQ(validateMapsToken(place(R"(,"latitude":1)").component(), bare, now), std::nullopt);
-    EXPECT_EQ(validateMapsToken(place(R"(,"mapsToken":"")" + std::string(somewhere)).component(), bare, now),
+    EXPECT_EQ(validateMapsToken(placeOf(""), bare, now), std::nullopt);
+    EXPECT_EQ(validateMapsToken(placeOf(R"(,"latitude":1)"), bare, now), std::nullopt);
+    EXPECT_EQ(validateMapsToken(placeOf(R"(,"mapsToken":"")" + std::string(somewhere)), bare, now),
               undecoded);
 }
 
@@ -293,20 +300,21 @@ TEST(Maps, addressOfTheFrame) {
         SCOPED_TRACE(test.component);
         PreviewEnvironment environment;
         environment.mapsEmbedToken = test.token;
-        EXPECT_EQ(mapEmbedURL(ComponentFixture(test.component).component(), environment), test.expected);
+        EXPECT_EQ(mapEmbedURL(readRecord<Component>(test.component), environment), test.expected);
     }
 }
 
-std::string rendered(ComponentFixture fixture) {
-    fixture.environment.mapsEmbedOrigin = "https://p.example";
-    return fixture.written(renderMap);
+std::string rendered(std::string_view component) {
+    PreviewEnvironment environment = wideEnvironment();
+    environment.mapsEmbedOrigin = "https://p.example";
+    return fragmentOf(component, "", environment);
 }
 
 TEST(Maps, whatStandsInThePage) {
     const std::string token = tokenOf(R"({"origin":"p.example"})");
     EXPECT_EQ(
-        rendered(ComponentFixture(R"({"role":"map","caption":"A&B","mapsToken":")" + token + "\"" +
-                                  std::string(somewhere) + "}")),
+        rendered(R"({"role":"map","caption":"A&B","mapsToken":")" + token + "\"" + std::string(somewhere) +
+                 "}"),
         "<figure class=\"live-embed map-embed\">\n<iframe class=\"apple-map\" title=\"Apple Maps\" "
         "src=\"https://embed.apple-mapkit.com/v1/embed?center=1.5,-2&amp;cameraDistance=2500&amp;token=" +
             token +

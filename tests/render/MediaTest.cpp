@@ -1,5 +1,5 @@
 #include "render/Media.h"
-#include "render/ComponentFixture.h"
+#include "render/PageFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ template <size_t count>
 void expectFragments(const FragmentCase (&cases)[count]) {
     for (const FragmentCase& test : cases) {
         SCOPED_TRACE(test.component);
-        EXPECT_EQ(ComponentFixture(test.component).written(renderMedia), test.expected);
+        EXPECT_EQ(fragmentOf(test.component), test.expected);
     }
 }
 
@@ -82,9 +82,7 @@ TEST(Media, framesOfServices) {
     for (const auto& test : ratios) {
         const std::string json =
             R"({"role":"embedwebvideo","URL":"bundle://v","aspectRatio":)" + std::string(test.ratio) + "}";
-        EXPECT_TRUE(ComponentFixture(json)
-                        .written(renderMedia)
-                        .find("bottom: " + std::string(test.padding) + "%;\">") != std::string::npos)
+        EXPECT_NE(fragmentOf(json).find("bottom: " + std::string(test.padding) + "%;\">"), std::string::npos)
             << json;
     }
 }
@@ -142,7 +140,7 @@ TEST(Media, placeholders) {
     };
     for (const auto& test : cases) {
         SCOPED_TRACE(test.component);
-        EXPECT_EQ(ComponentFixture(test.component).written(renderMedia), test.expected);
+        EXPECT_EQ(fragmentOf(test.component), test.expected);
     }
 }
 
@@ -171,8 +169,8 @@ TEST(Media, longAddress) {
     while (url.size() < 1'000'000) {
         url += "/video/";
     }
-    const std::string json = R"({"role":"tiktok","URL":)" + jsonText(url + "7") + "}";
-    const std::string html = ComponentFixture(json).written(renderMedia);
+    const std::string json = R"({"role":"tiktok","URL":")" + url + "7\"}";
+    const std::string html = fragmentOf(json);
     EXPECT_NE(html.find(" data-video-id=\"7\""), std::string::npos);
 }
 
