@@ -7,7 +7,6 @@
 #include "render/EscapeHtml.h"
 
 #include <algorithm>
-#include <iterator>
 #include <utility>
 
 namespace quillon::HTMLRenderer {
@@ -22,7 +21,7 @@ void textDeclaration(std::string& out, std::string_view property, std::string_vi
     out += ';';
 }
 
-void textDeclaration(std::string& out, std::string_view property, const Optional<std::string>& value) {
+void optionalDeclaration(std::string& out, std::string_view property, const Optional<std::string>& value) {
     if (value) {
         textDeclaration(out, property, *value);
     }
@@ -62,14 +61,14 @@ void fontAndColorCSS(std::string& out, const Style& style) {
     if (style.fontWeight) {
         fontWeightDeclaration(out, *style.fontWeight);
     }
-    textDeclaration(out, "font-style: ", style.fontStyle);
+    optionalDeclaration(out, "font-style: ", style.fontStyle);
     if (style.fontWidth) {
         std::string width = *style.fontWidth;
         std::ranges::replace(width, '_', '-');
         textDeclaration(out, "font-stretch: ", width);
     }
-    textDeclaration(out, "color: ", style.textColor);
-    textDeclaration(out, "background-color: ", style.backgroundColor);
+    optionalDeclaration(out, "color: ", style.textColor);
+    optionalDeclaration(out, "background-color: ", style.backgroundColor);
 }
 
 void trackingCSS(std::string& out, const Optional<double>& tracking) {
@@ -122,7 +121,7 @@ void textShadowCSS(std::string& out, const TextShadow& shadow) {
     out += ';';
 }
 
-void strokeCSS(std::string& out, const TextStrokeStyle& stroke) {
+void textStrokeCSS(std::string& out, const TextStrokeStyle& stroke) {
     out += "-webkit-text-stroke: ";
     appendInteger(out, stroke.width.value_or(1));
     textDeclaration(out, "px ", stroke.color ? std::string_view(*stroke.color) : defaultColor);
@@ -136,7 +135,7 @@ void effectsCSS(std::string& out, const Style& style) {
         textShadowCSS(out, *style.textShadow);
     }
     if (style.stroke) {
-        strokeCSS(out, *style.stroke);
+        textStrokeCSS(out, *style.stroke);
     }
 }
 
@@ -190,7 +189,7 @@ void componentTextStyleCSS(std::string& out, const ComponentTextStyle* style) {
     }
     fontAndColorCSS(out, *style);
     if (style->textAlignment) {
-        const std::string& alignment = *style->textAlignment;
+        const std::string_view alignment = *style->textAlignment;
         textDeclaration(out, "text-align: ", alignment == "justified" ? "justify" : alignment);
     }
     pixelDeclaration(out, "line-height: ", style->lineHeight);
@@ -231,8 +230,8 @@ void dropCapCSS(std::string& out, const DropCapStyle& style) {
     appendInteger(out, style.numberOfLines.value_or(defaultLines));
     out += "em;";
     fontFamilyDeclaration(out, style.fontName);
-    textDeclaration(out, "color: ", style.textColor);
-    textDeclaration(out, "background-color: ", style.backgroundColor);
+    optionalDeclaration(out, "color: ", style.textColor);
+    optionalDeclaration(out, "background-color: ", style.backgroundColor);
     pixelDeclaration(out, "padding: ", style.padding);
 }
 
@@ -270,8 +269,11 @@ void fontFamilyValue(std::string& out, std::string_view name) {
     // What would end the quoted name, the declaration or the attribute.
     constexpr std::string_view removed = "'\";<>";
     out += '\'';
-    std::ranges::copy_if(name, std::back_inserter(out),
-                         [](char c) { return removed.find(c) == std::string_view::npos; });
+    for (const char c : name) {
+        if (removed.find(c) == std::string_view::npos) {
+            out += c;
+        }
+    }
     out += "', -apple-system, 'SF Pro Text', 'Helvetica Neue', sans-serif";
 }
 
