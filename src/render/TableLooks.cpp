@@ -28,7 +28,7 @@ bool matchesDescriptor(const Optional<std::string>& identifier, const DataDescri
 }
 
 template <typename Value>
-void take(const Optional<Value>*& field, const Optional<Value>& value) {
+void take(const SharedOptional<Value>*& field, const SharedOptional<Value>& value) {
     if (value) {
         field = &value;
     }
@@ -75,8 +75,8 @@ Look lookOf(const Style* style, auto&& matches) {
 }
 
 template <typename Value>
-Optional<Value> valueOf(const Optional<Value>* field) {
-    return field ? *field : Optional<Value>();
+SharedOptional<Value> valueOf(const SharedOptional<Value>* field) {
+    return field ? *field : SharedOptional<Value>();
 }
 
 void escapedDeclaration(std::string& out, std::string_view property, const Optional<std::string>* value) {

@@ -16,7 +16,7 @@ namespace {
 using Descriptors = std::vector<DataDescriptor>;
 
 template <typename Value>
-const Value* pointerTo(const Optional<Value>& value) {
+const Value* pointerTo(const SharedOptional<Value>& value) {
     return value ? &*value : nullptr;
 }
 
