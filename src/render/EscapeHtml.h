@@ -10,4 +10,7 @@ namespace quillon::HTMLRenderer {
 void escapeHTML(std::string& out, std::string_view text);
 std::string escapeHTML(std::string_view text);
 
+/// The same with each line feed as "<br>".
+void escapeHTMLLines(std::string& out, std::string_view text);
+
 } // namespace quillon::HTMLRenderer

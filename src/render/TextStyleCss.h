@@ -17,6 +17,8 @@ SharedOptional<ComponentTextStyle> effectiveComponentTextStyle(const Component& 
 
 void componentTextStyleCSS(std::string& out, const ComponentTextStyle* style);
 void textStyleCSS(std::string& out, const TextStyle* style);
+/// The declarations of the links in a text of `style` (or null), its matching variants included.
+std::string linkCSS(const ComponentTextStyle* style, const PageContext& context);
 void dropCapCSS(std::string& out, const DropCapStyle& style);
 /// The list-style-type of a list; nothing when the style names none.
 std::optional<std::string> listMarkerValue(const ListItemStyle& style);
