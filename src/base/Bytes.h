@@ -27,32 +27,36 @@ class Bytes {
 public:
     Bytes() = default;
     explicit Bytes(std::string contents, std::optional<FileIdentity> origin = std::nullopt)
-        : block_(std::make_shared<Block>(std::move(contents), origin)) {}
+        : m_block(std::make_shared<Block>(std::move(contents), origin)) {}
 
     std::size_t size() const { return view().size(); }
     bool empty() const { return view().empty(); }
 
     /// Valid as long as any copy of this handle lives.
-    std::string_view view() const { return block_ ? std::string_view(block_->contents) : std::string_view(); }
+    std::string_view view() const {
+        return m_block ? std::string_view(m_block->contents) : std::string_view();
+    }
 
     std::optional<FileIdentity> origin() const {
-        if (!block_)
+        if (!m_block) {
             return std::nullopt;
-        const std::lock_guard guard(block_->mutex);
-        return block_->origin;
+        }
+        const std::lock_guard guard(m_block->mutex);
+        return m_block->origin;
     }
 
     /// Notes, for all copies of the handle, that a file now holds these bytes. Leaves equality as it is.
     void noteOrigin(const FileIdentity& origin) const {
-        if (!block_)
+        if (!m_block) {
             return;
-        const std::lock_guard guard(block_->mutex);
-        block_->origin = origin;
+        }
+        const std::lock_guard guard(m_block->mutex);
+        m_block->origin = origin;
     }
 
     /// Compares contents; copies of one handle are equal at once.
     friend bool operator==(const Bytes& left, const Bytes& right) {
-        return left.block_ == right.block_ || left.view() == right.view();
+        return left.m_block == right.m_block || left.view() == right.view();
     }
 
 private:
@@ -64,7 +68,7 @@ private:
         std::optional<FileIdentity> origin;
     };
 
-    std::shared_ptr<Block> block_;
+    std::shared_ptr<Block> m_block;
 };
 
 } // namespace quillon

@@ -41,8 +41,9 @@ constexpr ErrorText errorTexts[] = {
 
 std::string systemErrorText(int errorNumber) {
     for (const ErrorText& entry : errorTexts) {
-        if (entry.number == errorNumber)
+        if (entry.number == errorNumber) {
             return std::string(entry.text);
+        }
     }
     return "system error " + std::to_string(errorNumber);
 }

@@ -27,26 +27,30 @@ struct CloseStream {
 template <typename Call>
 auto uninterrupted(Call call) {
     auto result = call();
-    while (result == -1 && errno == EINTR)
+    while (result == -1 && errno == EINTR) {
         result = call();
+    }
     return result;
 }
 
 SystemResult<void> done(int result) {
-    if (result == -1)
+    if (result == -1) {
         return unexpected(errno);
+    }
     return {};
 }
 
 SystemResult<FileDescriptor> opened(int number) {
-    if (number == -1)
+    if (number == -1) {
         return unexpected(errno);
+    }
     return FileDescriptor(number);
 }
 
 NodeKind kindOfMode(mode_t mode) {
-    if (S_ISDIR(mode))
+    if (S_ISDIR(mode)) {
         return NodeKind::folder;
+    }
     return S_ISREG(mode) ? NodeKind::regularFile : NodeKind::other;
 }
 
@@ -71,8 +75,9 @@ class SystemFileSystem final : public FileSystem {
 public:
     SystemResult<std::string> resolve(const std::string& path) override {
         const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.c_str(), nullptr), &std::free);
-        if (!real)
+        if (!real) {
             return unexpected(errno);
+        }
         return std::string(real.get());
     }
 
@@ -90,15 +95,17 @@ public:
 
     SystemResult<NodeStatus> status(int file) override {
         struct stat raw {};
-        if (::fstat(file, &raw) == -1)
+        if (::fstat(file, &raw) == -1) {
             return unexpected(errno);
+        }
         return nodeStatus(raw);
     }
 
     SystemResult<NodeStatus> statusAt(int folder, const std::string& name) override {
         struct stat raw {};
-        if (::fstatat(folder, name.c_str(), &raw, AT_SYMLINK_NOFOLLOW) == -1)
+        if (::fstatat(folder, name.c_str(), &raw, AT_SYMLINK_NOFOLLOW) == -1) {
             return unexpected(errno);
+        }
         return nodeStatus(raw);
     }
 
@@ -106,8 +113,9 @@ public:
         // A descriptor of its own: the caller's may have been read before.
         const int own =
             uninterrupted([&] { return ::openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC); });
-        if (own == -1)
+        if (own == -1) {
             return unexpected(errno);
+        }
         const std::unique_ptr<DIR, CloseStream> stream(::fdopendir(own));
         if (!stream) {
             const int error = errno;
@@ -118,26 +126,31 @@ public:
         while (true) {
             errno = 0;
             const dirent* entry = ::readdir(stream.get());
-            if (!entry)
+            if (!entry) {
                 break;
+            }
             std::string name = entry->d_name;
-            if (name == "." || name == "..")
+            if (name == "." || name == "..") {
                 continue;
+            }
             const SystemResult<NodeKind> kind = kindOf(folder, *entry);
-            if (kind)
+            if (kind) {
                 entries.push_back({std::move(name), *kind});
-            else if (kind.error() != ENOENT) // gone since it was listed
+            } else if (kind.error() != ENOENT) { // gone since it was listed
                 return unexpected(kind.error());
+            }
         }
-        if (errno != 0)
+        if (errno != 0) {
             return unexpected(errno);
+        }
         return entries;
     }
 
     SystemResult<std::size_t> read(int file, char* buffer, std::size_t size) override {
         const ssize_t count = uninterrupted([&] { return ::read(file, buffer, size); });
-        if (count == -1)
+        if (count == -1) {
             return unexpected(errno);
+        }
         return static_cast<std::size_t>(count);
     }
 
@@ -153,10 +166,12 @@ public:
 
     SystemResult<std::size_t> write(int file, std::string_view text) override {
         const ssize_t count = uninterrupted([&] { return ::write(file, text.data(), text.size()); });
-        if (count == -1)
+        if (count == -1) {
             return unexpected(errno);
-        if (count == 0 && !text.empty())
+        }
+        if (count == 0 && !text.empty()) {
             return unexpected(EIO);
+        }
         return static_cast<std::size_t>(count);
     }
 
@@ -168,16 +183,19 @@ public:
 
     SystemResult<void> setAccess(int file, const NodeStatus& like) override {
         struct stat raw {};
-        if (::fstat(file, &raw) == -1)
+        if (::fstat(file, &raw) == -1) {
             return unexpected(errno);
+        }
         // Only root may give a file away, but everyone may choose among the groups they are in. The owner
         // comes first because a change of owner takes permission bits away.
         if (raw.st_uid != like.owner && ::fchown(file, like.owner, static_cast<gid_t>(-1)) == -1 &&
-            errno != EPERM)
+            errno != EPERM) {
             return unexpected(errno);
+        }
         if (raw.st_gid != like.group && ::fchown(file, static_cast<uid_t>(-1), like.group) == -1 &&
-            errno != EPERM)
+            errno != EPERM) {
             return unexpected(errno);
+        }
         return done(::fchmod(file, like.mode));
     }
 
@@ -194,8 +212,9 @@ public:
 
     SystemResult<void> sync(int file) override {
         const SystemResult<void> result = done(uninterrupted([&] { return ::fsync(file); }));
-        if (!result && isUnsupported(result.error()))
+        if (!result && isUnsupported(result.error())) {
             return {}; // some file systems flush folders by themselves and refuse the call
+        }
         return result;
     }
 
@@ -203,12 +222,15 @@ public:
                               RenameRule rule) override {
         const unsigned flags = rule == RenameRule::exchange ? RENAME_EXCHANGE : RENAME_NOREPLACE;
         const SystemResult<void> result = done(::renameat2(folder, from.c_str(), folder, to.c_str(), flags));
-        if (result || !isUnsupported(result.error()))
+        if (result || !isUnsupported(result.error())) {
             return result;
-        if (rule == RenameRule::exchange)
+        }
+        if (rule == RenameRule::exchange) {
             return unexpected(EINVAL);
-        if (statusAt(folder, to))
+        }
+        if (statusAt(folder, to)) {
             return unexpected(EEXIST);
+        }
         return done(::renameat(folder, from.c_str(), folder, to.c_str()));
     }
 
@@ -230,8 +252,9 @@ private:
     }
 
     SystemResult<NodeKind> kindOf(int folder, const dirent& entry) {
-        if (entry.d_type != DT_UNKNOWN)
+        if (entry.d_type != DT_UNKNOWN) {
             return kindOfMode(DTTOIF(entry.d_type));
+        }
         return statusAt(folder, entry.d_name).map([](const NodeStatus& status) { return status.kind; });
     }
 };
@@ -239,8 +262,9 @@ private:
 } // namespace
 
 FileDescriptor::~FileDescriptor() {
-    if (number_ != -1)
-        ::close(number_);
+    if (m_number != -1) {
+        ::close(m_number);
+    }
 }
 
 FileSystem& systemFileSystem() {

@@ -30,18 +30,18 @@ struct FolderEntry {
 class FileDescriptor {
 public:
     FileDescriptor() = default;
-    explicit FileDescriptor(int number) : number_(number) {}
-    FileDescriptor(FileDescriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    explicit FileDescriptor(int number) : m_number(number) {}
+    FileDescriptor(FileDescriptor&& other) noexcept : m_number(std::exchange(other.m_number, -1)) {}
     FileDescriptor& operator=(FileDescriptor&& other) noexcept {
-        std::swap(number_, other.number_);
+        std::swap(m_number, other.m_number);
         return *this;
     }
     ~FileDescriptor();
 
-    int number() const { return number_; }
+    int number() const { return m_number; }
 
 private:
-    int number_ = -1;
+    int m_number = -1;
 };
 
 /// A value, or the error number of the system.

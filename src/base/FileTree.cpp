@@ -29,13 +29,14 @@ FileWrapper::Node::~Node() {
         Children level = std::move(levels.back());
         levels.pop_back();
         for (auto& [name, wrapper] : level) {
-            if (wrapper.node_.use_count() == 1 && !wrapper.node_->children.empty())
-                levels.push_back(std::move(wrapper.node_->children));
+            if (wrapper.m_node.use_count() == 1 && !wrapper.m_node->children.empty()) {
+                levels.push_back(std::move(wrapper.m_node->children));
+            }
         }
     }
 }
 
-FileWrapper::FileWrapper(std::shared_ptr<Node> node) : node_(std::move(node)) {}
+FileWrapper::FileWrapper(std::shared_ptr<Node> node) : m_node(std::move(node)) {}
 
 FileWrapper FileWrapper::directory() {
     return FileWrapper(std::make_shared<Node>(NodeKind::folder));
@@ -43,13 +44,13 @@ FileWrapper FileWrapper::directory() {
 
 FileWrapper FileWrapper::regularFile(Bytes contents) {
     FileWrapper file(std::make_shared<Node>(NodeKind::regularFile));
-    file.node_->contents = std::move(contents);
+    file.m_node->contents = std::move(contents);
     return file;
 }
 
 FileWrapper FileWrapper::regularFile(Load load) {
     FileWrapper file(std::make_shared<Node>(NodeKind::regularFile));
-    file.node_->load = std::move(load);
+    file.m_node->load = std::move(load);
     return file;
 }
 
@@ -58,44 +59,47 @@ FileWrapper FileWrapper::other() {
 }
 
 bool FileWrapper::isDirectory() const {
-    return node_->kind == NodeKind::folder;
+    return m_node->kind == NodeKind::folder;
 }
 
 bool FileWrapper::isRegularFile() const {
-    return node_->kind == NodeKind::regularFile;
+    return m_node->kind == NodeKind::regularFile;
 }
 
 const FileWrapper::Children* FileWrapper::fileWrappers() const {
-    return isDirectory() ? &node_->children : nullptr;
+    return isDirectory() ? &m_node->children : nullptr;
 }
 
 const FileWrapper* FileWrapper::child(std::string_view name) const {
-    const auto found = node_->children.find(name);
-    return found == node_->children.end() ? nullptr : &found->second;
+    const auto found = m_node->children.find(name);
+    return found == m_node->children.end() ? nullptr : &found->second;
 }
 
 Expected<std::optional<Bytes>, DiskFailure> FileWrapper::regularFileContents() const {
-    if (!isRegularFile() || node_->contents)
-        return node_->contents;
-    Expected<Bytes, DiskFailure> loaded = node_->load();
-    if (!loaded)
+    if (!isRegularFile() || m_node->contents) {
+        return m_node->contents;
+    }
+    Expected<Bytes, DiskFailure> loaded = m_node->load();
+    if (!loaded) {
         return unexpected(std::move(loaded.error()));
-    node_->contents = std::move(*loaded);
-    node_->load = nullptr;
-    return node_->contents;
+    }
+    m_node->contents = std::move(*loaded);
+    m_node->load = nullptr;
+    return m_node->contents;
 }
 
 void FileWrapper::setPreferredFilename(std::string name) {
-    node_->preferredFilename = std::move(name);
+    m_node->preferredFilename = std::move(name);
 }
 
 const std::string& FileWrapper::preferredFilename() const {
-    return node_->preferredFilename;
+    return m_node->preferredFilename;
 }
 
 void FileWrapper::addFileWrapper(const FileWrapper& child) {
-    if (isDirectory())
-        node_->children.insert_or_assign(child.preferredFilename(), child);
+    if (isDirectory()) {
+        m_node->children.insert_or_assign(child.preferredFilename(), child);
+    }
 }
 
 bool isSafePathPiece(std::string_view piece) {

@@ -53,7 +53,7 @@ private:
     struct Node;
     explicit FileWrapper(std::shared_ptr<Node> node);
 
-    std::shared_ptr<Node> node_;
+    std::shared_ptr<Node> m_node;
 };
 
 /// Whether `piece` can be the name of one file or folder: not empty, not "." or "..", no "/" and no NUL, at

@@ -5,31 +5,36 @@
 namespace quillon {
 
 FolderCursor::FolderCursor(FileSystem& fileSystem, FileDescriptor root)
-    : fileSystem_(&fileSystem), here_(std::move(root)) {}
+    : m_fileSystem(&fileSystem), m_here(std::move(root)) {}
 
 SystemResult<void> FolderCursor::enter(const std::string& name) {
-    const SystemResult<NodeStatus> status = fileSystem_->status(folder());
-    if (!status)
+    const SystemResult<NodeStatus> status = m_fileSystem->status(folder());
+    if (!status) {
         return unexpected(status.error());
-    SystemResult<FileDescriptor> below = fileSystem_->openFolder(folder(), name);
-    if (!below)
+    }
+    SystemResult<FileDescriptor> below = m_fileSystem->openFolder(folder(), name);
+    if (!below) {
         return unexpected(below.error());
-    above_.push_back(status->identity);
-    here_ = std::move(*below);
+    }
+    m_above.push_back(status->identity);
+    m_here = std::move(*below);
     return {};
 }
 
 SystemResult<FileDescriptor> FolderCursor::leave() {
-    SystemResult<FileDescriptor> up = fileSystem_->openFolder(folder(), "..");
-    if (!up)
+    SystemResult<FileDescriptor> up = m_fileSystem->openFolder(folder(), "..");
+    if (!up) {
         return unexpected(up.error());
-    const SystemResult<NodeStatus> status = fileSystem_->status(up->number());
-    if (!status)
+    }
+    const SystemResult<NodeStatus> status = m_fileSystem->status(up->number());
+    if (!status) {
         return unexpected(status.error());
-    if (status->identity.device != above_.back().device || status->identity.inode != above_.back().inode)
+    }
+    if (status->identity.device != m_above.back().device || status->identity.inode != m_above.back().inode) {
         return unexpected(ESTALE);
-    above_.pop_back();
-    std::swap(here_, *up);
+    }
+    m_above.pop_back();
+    std::swap(m_here, *up);
     return std::move(*up);
 }
 

@@ -15,9 +15,9 @@ public:
     FolderCursor(FileSystem& fileSystem, FileDescriptor root);
 
     /// The descriptor of the folder it stands at.
-    int folder() const { return here_.number(); }
+    int folder() const { return m_here.number(); }
     /// Steps below the root.
-    std::size_t depth() const { return above_.size(); }
+    std::size_t depth() const { return m_above.size(); }
 
     /// Goes down into a folder. A failure leaves it where it was.
     SystemResult<void> enter(const std::string& name);
@@ -27,9 +27,9 @@ public:
     SystemResult<FileDescriptor> leave();
 
 private:
-    FileSystem* fileSystem_;
-    FileDescriptor here_;
-    std::vector<FileIdentity> above_;
+    FileSystem* m_fileSystem;
+    FileDescriptor m_here;
+    std::vector<FileIdentity> m_above;
 };
 
 } // namespace quillon

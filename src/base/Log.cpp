@@ -27,16 +27,16 @@ constexpr std::size_t longestDuration = 400; // DBL_MAX has 309 digits before it
 
 class FunctionSink final : public spdlog::sinks::base_sink<std::mutex> {
 public:
-    explicit FunctionSink(std::function<void(std::string_view)> receive) : receive_(std::move(receive)) {}
+    explicit FunctionSink(std::function<void(std::string_view)> receive) : m_receive(std::move(receive)) {}
 
 private:
     void sink_it_(const spdlog::details::log_msg& message) override {
-        receive_({message.payload.data(), message.payload.size()});
+        m_receive({message.payload.data(), message.payload.size()});
     }
 
-    void flush_() override {}
+    void m_flush() override {}
 
-    std::function<void(std::string_view)> receive_;
+    std::function<void(std::string_view)> m_receive;
 };
 
 LoggerHandle makeLogger(spdlog::sink_ptr sink) {
@@ -68,22 +68,22 @@ class Channel {
 public:
     Channel() { set(environmentLogger()); }
 
-    bool isEnabled() const { return isEnabled_.load(std::memory_order_relaxed); }
+    bool isEnabled() const { return m_isEnabled.load(std::memory_order_relaxed); }
 
     void set(LoggerHandle logger) {
         const bool enable = logger != nullptr;
-        logger_.store(std::move(logger));
-        isEnabled_.store(enable);
+        m_logger.store(std::move(logger));
+        m_isEnabled.store(enable);
     }
 
     void write(std::string_view line) {
-        if (const LoggerHandle logger = logger_.load())
+        if (const LoggerHandle logger = m_logger.load())
             logger->log(spdlog::level::debug, spdlog::string_view_t(line.data(), line.size()));
     }
 
 private:
-    std::atomic<bool> isEnabled_ = false;
-    std::atomic<LoggerHandle> logger_;
+    std::atomic<bool> m_isEnabled = false;
+    std::atomic<LoggerHandle> m_logger;
 };
 
 Channel& channel() {

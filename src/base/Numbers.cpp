@@ -27,33 +27,39 @@ bool isTooSmall(std::string_view text) {
     const std::string_view mantissa = text.substr(0, exponentMark);
     const std::size_t point = std::min(mantissa.find('.'), mantissa.size());
     const std::size_t leading = mantissa.find_first_of("123456789");
-    if (leading == std::string_view::npos)
+    if (leading == std::string_view::npos) {
         return true;
+    }
     const double place = static_cast<double>(point) - static_cast<double>(leading);
 
     std::string_view exponent = text.substr(std::min(exponentMark + 1, text.size()));
     const bool isNegative = exponent.starts_with('-');
-    if (isNegative || exponent.starts_with('+'))
+    if (isNegative || exponent.starts_with('+')) {
         exponent.remove_prefix(1);
+    }
     double magnitude = 0;
-    for (char digit : exponent)
+    for (char digit : exponent) {
         magnitude = magnitude * 10 + (digit - '0');
+    }
     return place + (isNegative ? -magnitude : magnitude) < 0;
 }
 
 } // namespace
 
 std::optional<double> parseDouble(std::string_view text) {
-    if (!consistsOfNumberCharacters(text)) // keeps "inf" and "nan" out
+    if (!consistsOfNumberCharacters(text)) { // keeps "inf" and "nan" out
         return std::nullopt;
+    }
     double value = 0;
     const char* const end = text.data() + text.size();
     const auto [rest, failure] = std::from_chars(text.data(), end, value);
-    if (rest != end || failure == std::errc::invalid_argument)
+    if (rest != end || failure == std::errc::invalid_argument) {
         return std::nullopt;
+    }
     if (failure == std::errc::result_out_of_range) {
-        if (!isTooSmall(text))
+        if (!isTooSmall(text)) {
             return std::nullopt;
+        }
         return text.starts_with('-') ? -0.0 : 0.0;
     }
     return value;
@@ -69,8 +75,9 @@ void appendShortest(std::string& out, double value) {
     const double magnitude = std::abs(value);
     if (magnitude < exactIntegerBound && !(value == 0 && std::signbit(value))) {
         const auto whole = static_cast<std::int64_t>(value);
-        if (static_cast<double>(whole) == value)
+        if (static_cast<double>(whole) == value) {
             return appendInteger(out, whole);
+        }
     }
     std::array<char, longestNumber> digits;
     char* const begin = digits.data();

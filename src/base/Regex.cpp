@@ -37,12 +37,14 @@ struct Workspace {
     Owned<pcre2_jit_stack> stack{pcre2_jit_stack_create(initialStack, largestStack, nullptr)};
 
     Workspace() {
-        if (!isUsable())
+        if (!isUsable()) {
             return;
+        }
         pcre2_set_match_limit(context.get(), matchLimit);
         pcre2_set_heap_limit(context.get(), heapLimit);
-        if (stack)
+        if (stack) {
             pcre2_jit_stack_assign(context.get(), nullptr, stack.get());
+        }
     }
 
     bool isUsable() const { return data && context; }
@@ -81,8 +83,9 @@ std::vector<TemplatePiece> parsedTemplate(std::string_view replacement) {
             ++i;
             continue;
         }
-        if (replacement[i] == '\\' && isFollowed)
+        if (replacement[i] == '\\' && isFollowed) {
             ++i;
+        }
         pieces.back().text += replacement[i];
     }
     return pieces;
@@ -98,33 +101,39 @@ Regex::Regex(std::string_view pattern) {
     int error = 0;
     std::size_t offset = 0;
     const Owned<pcre2_compile_context> context{pcre2_compile_context_create(nullptr)};
-    if (context)
+    if (context) {
         pcre2_set_newline(context.get(), PCRE2_NEWLINE_ANY);
+    }
     Owned<pcre2_code> code{
         pcre2_compile(bytes(pattern), pattern.size(), PCRE2_UTF | PCRE2_UCP, &error, &offset, context.get())};
-    if (!code)
+    if (!code) {
         stopOnBadPattern(pattern, error, offset);
+    }
     // Where there is no just-in-time compiler, the interpreter matches the same, only slower.
     pcre2_jit_compile(code.get(), PCRE2_JIT_COMPLETE);
-    program_ = std::make_shared<const Program>(Program{std::move(code)});
+    m_program = std::make_shared<const Program>(Program{std::move(code)});
 }
 
 std::optional<RegexMatch> Regex::find(std::string_view text, std::size_t from) const {
     thread_local const Workspace workspace;
-    if (from > text.size() || !workspace.isUsable())
+    if (from > text.size() || !workspace.isUsable()) {
         return std::nullopt;
-    if (text.data() == nullptr)
+    }
+    if (text.data() == nullptr) {
         text = "";
-    const int found = pcre2_match(program_->code.get(), bytes(text), text.size(), from, PCRE2_NO_UTF_CHECK,
+    }
+    const int found = pcre2_match(m_program->code.get(), bytes(text), text.size(), from, PCRE2_NO_UTF_CHECK,
                                   workspace.data.get(), workspace.context.get());
-    if (found < 0) // no match, or one that takes too much
+    if (found < 0) { // no match, or one that takes too much
         return std::nullopt;
+    }
     RegexMatch match{text, {}};
     const PCRE2_SIZE* const offsets = pcre2_get_ovector_pointer(workspace.data.get());
     // 0 says that there are more groups than places for them.
     const std::size_t count = found == 0 ? RegexMatch::groupLimit : static_cast<std::size_t>(found);
-    for (std::size_t i = 0; i < count; ++i)
+    for (std::size_t i = 0; i < count; ++i) {
         match.groups[i] = {offsets[2 * i], offsets[2 * i + 1]};
+    }
     return match;
 }
 
@@ -132,8 +141,9 @@ std::optional<RegexMatch> Regex::findNext(const RegexMatch& previous) const {
     std::size_t from = previous.end();
     if (previous.begin() == previous.end()) {
         ++from;
-        while (from < previous.text.size() && continuesScalar(previous.text[from]))
+        while (from < previous.text.size() && continuesScalar(previous.text[from])) {
             ++from;
+        }
     }
     return find(previous.text, from);
 }
@@ -158,10 +168,11 @@ std::string Regex::replaceAllWithTemplate(std::string_view text, std::string_vie
     const std::vector<TemplatePiece> pieces = parsedTemplate(replacement);
     return replaceAll(text, [&](const RegexMatch& match, std::string& out) {
         for (const TemplatePiece& piece : pieces) {
-            if (piece.group)
+            if (piece.group) {
                 out += match.group(*piece.group);
-            else
+            } else {
                 out += piece.text;
+            }
         }
     });
 }

@@ -67,7 +67,7 @@ public:
 
 private:
     struct Program;
-    std::shared_ptr<const Program> program_;
+    std::shared_ptr<const Program> m_program;
 };
 
 } // namespace quillon

@@ -16,51 +16,55 @@ constexpr std::int64_t lastSecond = sys_seconds(sys_days(year(10000) / 1 / 1)).t
 /// Takes the parts of a text from its front; once a part is missing, every later one is too.
 class Scanner {
 public:
-    explicit Scanner(std::string_view text) : rest_(text) {}
+    explicit Scanner(std::string_view text) : m_rest(text) {}
 
     int digits(std::size_t count) {
         int value = 0;
         for (std::size_t i = 0; i < count; ++i) {
-            if (i >= rest_.size() || rest_[i] < '0' || rest_[i] > '9') {
-                isIntact_ = false;
+            if (i >= m_rest.size() || m_rest[i] < '0' || m_rest[i] > '9') {
+                m_isIntact = false;
                 return 0;
             }
-            value = value * 10 + (rest_[i] - '0');
+            value = value * 10 + (m_rest[i] - '0');
         }
-        rest_.remove_prefix(count);
+        m_rest.remove_prefix(count);
         return value;
     }
 
     bool accept(char expected) {
-        if (!rest_.starts_with(expected))
+        if (!m_rest.starts_with(expected)) {
             return false;
-        rest_.remove_prefix(1);
+        }
+        m_rest.remove_prefix(1);
         return true;
     }
 
-    void expect(char expected) { isIntact_ = accept(expected) && isIntact_; }
+    void expect(char expected) { m_isIntact = accept(expected) && m_isIntact; }
 
     /// The value of the digits behind a decimal point, at least one.
     double fraction() {
         double value = digits(1) / 10.0;
-        for (double place = 0.01; !rest_.empty() && rest_[0] >= '0' && rest_[0] <= '9'; place /= 10)
+        for (double place = 0.01; !m_rest.empty() && m_rest[0] >= '0' && m_rest[0] <= '9'; place /= 10) {
             value += digits(1) * place;
+        }
         return value;
     }
 
-    bool reachedEnd() const { return isIntact_ && rest_.empty(); }
+    bool reachedEnd() const { return m_isIntact && m_rest.empty(); }
 
 private:
-    std::string_view rest_;
-    bool isIntact_ = true;
+    std::string_view m_rest;
+    bool m_isIntact = true;
 };
 
 void appendPadded(std::string& out, unsigned value, int width) {
     unsigned divisor = 1;
-    for (int i = 1; i < width; ++i)
+    for (int i = 1; i < width; ++i) {
         divisor *= 10;
-    for (; divisor > 0; divisor /= 10)
+    }
+    for (; divisor > 0; divisor /= 10) {
         out += static_cast<char>('0' + value / divisor % 10);
+    }
 }
 
 } // namespace
@@ -120,18 +124,21 @@ std::optional<double> parseIso8601(std::string_view text, FractionalSeconds frac
     int offsetMinutes = 0;
     if (!scanner.accept('Z')) {
         const bool isBehind = scanner.accept('-');
-        if (!isBehind)
+        if (!isBehind) {
             scanner.expect('+');
+        }
         const int offsetHour = scanner.digits(2);
         scanner.expect(':');
         const int offsetMinute = scanner.digits(2);
-        if (offsetHour > 23 || offsetMinute > 59)
+        if (offsetHour > 23 || offsetMinute > 59) {
             return std::nullopt;
+        }
         offsetMinutes = (offsetHour * 60 + offsetMinute) * (isBehind ? -1 : 1);
     }
     const year_month_day date = year(yearNumber) / monthNumber / dayNumber;
-    if (!scanner.reachedEnd() || !date.ok() || hourNumber > 23 || minuteNumber > 59 || secondNumber > 59)
+    if (!scanner.reachedEnd() || !date.ok() || hourNumber > 23 || minuteNumber > 59 || secondNumber > 59) {
         return std::nullopt;
+    }
     const auto midnight = sys_seconds(sys_days(date)).time_since_epoch();
     const auto whole = midnight + hours(hourNumber) + minutes(minuteNumber - offsetMinutes) +
                        std::chrono::seconds(secondNumber);

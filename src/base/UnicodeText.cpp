@@ -31,11 +31,13 @@ std::size_t asciiEnd(std::string_view text, std::size_t offset) {
     for (; offset + sizeof(std::uint64_t) <= text.size(); offset += sizeof(std::uint64_t)) {
         std::uint64_t bytes;
         std::memcpy(&bytes, text.data() + offset, sizeof bytes);
-        if (bytes & highBits)
+        if (bytes & highBits) {
             break;
+        }
     }
-    while (offset < text.size() && isAscii(text[offset]))
+    while (offset < text.size() && isAscii(text[offset])) {
         ++offset;
+    }
     return offset;
 }
 
@@ -84,8 +86,9 @@ Scalar scalarBefore(std::string_view text, std::size_t end) {
 enum class Joining { nothing, next, previous };
 
 Joining joiningOf(UChar32 scalar) {
-    if (scalar < 0)
+    if (scalar < 0) {
         return Joining::nothing;
+    }
     switch (u_getIntPropertyValue(scalar, UCHAR_GRAPHEME_CLUSTER_BREAK)) {
     case U_GCB_OTHER:
     case U_GCB_LV:
@@ -114,8 +117,9 @@ std::size_t nextCharacterByRules(std::string_view text, std::size_t offset) {
         Iterator() {
             UErrorCode status = U_ZERO_ERROR;
             breaks.reset(icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
-            if (U_FAILURE(status))
+            if (U_FAILURE(status)) {
                 stopWithoutUnicodeData("find characters");
+            }
         }
 
         ~Iterator() { utext_close(&window); }
@@ -130,13 +134,15 @@ std::size_t nextCharacterByRules(std::string_view text, std::size_t offset) {
         UErrorCode status = U_ZERO_ERROR;
         utext_openUTF8(&iterator.window, window.data(), static_cast<std::int64_t>(window.size()), &status);
         iterator.breaks->setText(&iterator.window, status);
-        if (U_FAILURE(status))
+        if (U_FAILURE(status)) {
             return scalarAt(text, offset).end;
+        }
         const std::int32_t end = iterator.breaks->next();
         // The last scalar of a window may be cut in two, and what follows it is not seen.
         const bool isCertain = end > 0 && static_cast<std::size_t>(end) + U8_MAX_LENGTH <= window.size();
-        if (isCertain || reachesEnd || size >= largestWindow)
+        if (isCertain || reachesEnd || size >= largestWindow) {
             return offset + (end > 0 ? static_cast<std::size_t>(end) : window.size());
+        }
     }
 }
 
@@ -154,15 +160,17 @@ std::string_view trimmedOf(std::string_view text, Predicate isTrimmed) {
     std::size_t begin = 0;
     while (begin < text.size()) {
         const Scalar scalar = scalarAt(text, begin);
-        if (scalar.value < 0 || !isTrimmed(static_cast<char32_t>(scalar.value)))
+        if (scalar.value < 0 || !isTrimmed(static_cast<char32_t>(scalar.value))) {
             break;
+        }
         begin = scalar.end;
     }
     text.remove_prefix(begin);
     while (!text.empty()) {
         const Scalar scalar = scalarBefore(text, text.size());
-        if (scalar.value < 0 || !isTrimmed(static_cast<char32_t>(scalar.value)))
+        if (scalar.value < 0 || !isTrimmed(static_cast<char32_t>(scalar.value))) {
             break;
+        }
         text = text.substr(0, scalar.end);
     }
     return text;
@@ -178,9 +186,11 @@ constexpr bool isAsciiLower(char c) {
 
 std::string lowercasedAscii(std::string_view text) {
     std::string lower(text);
-    for (char& c : lower)
-        if (isAsciiUpper(c))
+    for (char& c : lower) {
+        if (isAsciiUpper(c)) {
             c = static_cast<char>(c + ('a' - 'A'));
+        }
+    }
     return lower;
 }
 
@@ -193,20 +203,23 @@ bool hasPlainWords(std::string_view text) {
 } // namespace
 
 std::size_t nextCharacter(std::string_view text, std::size_t offset) {
-    if (offset >= text.size())
+    if (offset >= text.size()) {
         return text.size();
+    }
     const bool isLast = offset + 1 == text.size();
     if (isAscii(text[offset]) && (isLast || isAscii(text[offset + 1]))) {
         const bool isLineEndPair = !isLast && text[offset] == '\r' && text[offset + 1] == '\n';
         return offset + (isLineEndPair ? 2 : 1);
     }
     const Scalar first = scalarAt(text, offset);
-    if (first.end >= text.size())
+    if (first.end >= text.size()) {
         return text.size();
+    }
     // A boundary between two scalars that join nothing needs no look at their surroundings.
     if (joiningOf(first.value) == Joining::nothing &&
-        joiningOf(scalarAt(text, first.end).value) != Joining::previous)
+        joiningOf(scalarAt(text, first.end).value) != Joining::previous) {
         return first.end;
+    }
     return nextCharacterByRules(text, offset);
 }
 
@@ -220,11 +233,13 @@ std::size_t characterCount(std::string_view text) {
         if (certainEnd > offset) {
             const std::string_view run = text.substr(offset, certainEnd - offset);
             count += run.size();
-            for (std::size_t i = run.find('\r'); i != std::string_view::npos; i = run.find('\r', i + 1))
+            for (std::size_t i = run.find('\r'); i != std::string_view::npos; i = run.find('\r', i + 1)) {
                 count -= run.substr(i + 1).starts_with('\n') ? 1 : 0;
+            }
             offset = certainEnd;
-            if (offset == text.size())
+            if (offset == text.size()) {
                 break;
+            }
             // CR LF in front of a scalar that is not ASCII: the run ended between the two.
             if (run.ends_with('\r') && text[offset] == '\n') {
                 ++offset;
@@ -251,14 +266,16 @@ std::string_view trimmedBlanks(std::string_view text) {
 
 std::string_view trimmedSpacesAndTabs(std::string_view text) {
     const std::size_t begin = text.find_first_not_of(" \t");
-    if (begin == std::string_view::npos)
+    if (begin == std::string_view::npos) {
         return text.substr(text.size());
+    }
     return text.substr(begin, text.find_last_not_of(" \t") + 1 - begin);
 }
 
 std::string lowercased(std::string_view text) {
-    if (isAllAscii(text))
+    if (isAllAscii(text)) {
         return lowercasedAscii(text);
+    }
     std::string lower;
     lower.reserve(text.size());
     icu::StringByteSink<std::string> sink(&lower);
@@ -297,8 +314,9 @@ bool isValidUtf8(std::string_view text) {
     std::size_t offset = 0;
     while ((offset = asciiEnd(text, offset)) < text.size()) {
         const Scalar scalar = scalarAt(text, offset);
-        if (scalar.value < 0)
+        if (scalar.value < 0) {
             return false;
+        }
         offset = scalar.end;
     }
     return true;

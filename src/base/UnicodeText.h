@@ -24,23 +24,24 @@ std::size_t nextCharacter(std::string_view text, std::size_t offset);
 /// of the text, whatever it holds.
 class CharacterCursor {
 public:
-    explicit CharacterCursor(std::string_view text) : text_(text) {}
+    explicit CharacterCursor(std::string_view text) : m_text(text) {}
 
     /// The next character; nothing at the end of the text.
     std::optional<std::string_view> next() {
-        if (offset_ >= text_.size())
+        if (m_offset >= m_text.size()) {
             return std::nullopt;
-        const std::size_t begin = offset_;
-        offset_ = nextCharacter(text_, begin);
-        return text_.substr(begin, offset_ - begin);
+        }
+        const std::size_t begin = m_offset;
+        m_offset = nextCharacter(m_text, begin);
+        return m_text.substr(begin, m_offset - begin);
     }
 
     /// The byte offset of the character that `next` will give.
-    std::size_t offset() const { return offset_; }
+    std::size_t offset() const { return m_offset; }
 
 private:
-    std::string_view text_;
-    std::size_t offset_ = 0;
+    std::string_view m_text;
+    std::size_t m_offset = 0;
 };
 
 /// Whether a scalar is white space or a line end: Unicode's White_Space, which leaves the zero-width ones

@@ -25,12 +25,15 @@ std::string written(urls::string_view view) {
 }
 
 int hexadecimalValue(char digit) {
-    if (digit >= '0' && digit <= '9')
+    if (digit >= '0' && digit <= '9') {
         return digit - '0';
-    if (digit >= 'a' && digit <= 'f')
+    }
+    if (digit >= 'a' && digit <= 'f') {
         return digit - 'a' + 10;
-    if (digit >= 'A' && digit <= 'F')
+    }
+    if (digit >= 'A' && digit <= 'F') {
         return digit - 'A' + 10;
+    }
     return -1;
 }
 
@@ -59,8 +62,9 @@ void forEachPiece(std::string_view text, char separator, Visit visit) {
     for (;;) {
         const std::size_t end = text.find(separator);
         visit(text.substr(0, end));
-        if (end == std::string_view::npos)
+        if (end == std::string_view::npos) {
             return;
+        }
         text.remove_prefix(end + 1);
     }
 }
@@ -68,8 +72,9 @@ void forEachPiece(std::string_view text, char separator, Visit visit) {
 QueryItem decodedItem(std::string_view written) {
     const std::size_t mark = written.find('=');
     QueryItem item{percentDecoded(written.substr(0, mark)).value_or(std::string()), std::nullopt};
-    if (mark != std::string_view::npos)
+    if (mark != std::string_view::npos) {
         item.value = percentDecoded(written.substr(mark + 1));
+    }
     return item;
 }
 
@@ -85,13 +90,15 @@ std::optional<std::string> percentDecoded(std::string_view text) {
         }
         const int high = i + 2 < text.size() ? hexadecimalValue(text[i + 1]) : -1;
         const int low = i + 2 < text.size() ? hexadecimalValue(text[i + 2]) : -1;
-        if (high < 0 || low < 0)
+        if (high < 0 || low < 0) {
             return std::nullopt;
+        }
         decoded += static_cast<char>(high * 16 + low);
         i += 2;
     }
-    if (!isValidUtf8(decoded))
+    if (!isValidUtf8(decoded)) {
         return std::nullopt;
+    }
     return decoded;
 }
 
@@ -111,33 +118,38 @@ std::string UrlParts::path() const {
 std::vector<std::string> UrlParts::pathSegments() const {
     std::vector<std::string> segments;
     forEachPiece(path(), '/', [&](std::string_view piece) {
-        if (!piece.empty())
+        if (!piece.empty()) {
             segments.emplace_back(piece);
+        }
     });
     return segments;
 }
 
 std::vector<QueryItem> UrlParts::queryItems() const {
     std::vector<QueryItem> items;
-    if (encodedQuery && !encodedQuery->empty())
+    if (encodedQuery && !encodedQuery->empty()) {
         forEachPiece(*encodedQuery, '&',
                      [&](std::string_view piece) { items.push_back(decodedItem(piece)); });
+    }
     return items;
 }
 
 std::optional<std::string> UrlParts::queryValue(std::string_view name) const {
-    for (QueryItem& item : queryItems())
-        if (item.name == name)
+    for (QueryItem& item : queryItems()) {
+        if (item.name == name) {
             return std::move(item.value);
+        }
+    }
     return std::nullopt;
 }
 
 void UrlParts::setHost(std::string_view decoded) {
     encodedHost.emplace();
-    if (decoded.starts_with('[') && decoded.ends_with(']'))
+    if (decoded.starts_with('[') && decoded.ends_with(']')) {
         encodedHost = decoded;
-    else
+    } else {
         appendEncoded(*encodedHost, decoded, allowedInHost);
+    }
 }
 
 void UrlParts::setPath(std::string_view decoded) {
@@ -148,8 +160,9 @@ void UrlParts::setPath(std::string_view decoded) {
 void UrlParts::setQueryItems(const std::vector<QueryItem>& items) {
     std::string query;
     for (const QueryItem& item : items) {
-        if (&item != &items.front())
+        if (&item != &items.front()) {
             query += '&';
+        }
         appendEncoded(query, item.name, allowedInQueryItem);
         if (item.value) {
             query += '=';
@@ -161,54 +174,69 @@ void UrlParts::setQueryItems(const std::vector<QueryItem>& items) {
 
 std::optional<UrlParts> parseUrl(std::string_view text) {
     const auto parsed = urls::parse_uri_reference({text.data(), text.size()});
-    if (!parsed)
+    if (!parsed) {
         return std::nullopt;
+    }
     const urls::url_view& url = *parsed;
     UrlParts parts;
-    if (url.has_scheme())
+    if (url.has_scheme()) {
         parts.scheme = written(url.scheme());
-    if (url.has_userinfo())
+    }
+    if (url.has_userinfo()) {
         parts.userInfo = written(url.encoded_userinfo());
-    if (url.has_authority())
+    }
+    if (url.has_authority()) {
         parts.encodedHost = written(url.encoded_host());
-    if (url.has_port() && !url.port().empty())
+    }
+    if (url.has_port() && !url.port().empty()) {
         parts.port = written(url.port());
+    }
     parts.encodedPath = written(url.encoded_path());
     // The parser takes what follows a host or port and cannot belong to it ("host:word") for a path.
-    if (parts.encodedHost && !parts.encodedPath.empty() && !parts.encodedPath.starts_with('/'))
+    if (parts.encodedHost && !parts.encodedPath.empty() && !parts.encodedPath.starts_with('/')) {
         return std::nullopt;
-    if (url.has_query())
+    }
+    if (url.has_query()) {
         parts.encodedQuery = written(url.encoded_query());
-    if (url.has_fragment())
+    }
+    if (url.has_fragment()) {
         parts.encodedFragment = written(url.encoded_fragment());
+    }
     return parts;
 }
 
 std::string buildUrl(const UrlParts& parts) {
     std::string url;
-    if (parts.scheme)
+    if (parts.scheme) {
         url += *parts.scheme + ':';
+    }
     if (parts.encodedHost) {
         url += "//";
-        if (parts.userInfo)
+        if (parts.userInfo) {
             url += *parts.userInfo + '@';
+        }
         url += *parts.encodedHost;
-        if (parts.port)
+        if (parts.port) {
             url += ':' + *parts.port;
-        if (!parts.encodedPath.empty() && !parts.encodedPath.starts_with('/'))
+        }
+        if (!parts.encodedPath.empty() && !parts.encodedPath.starts_with('/')) {
             url += '/';
+        }
     }
     url += parts.encodedPath;
-    if (parts.encodedQuery)
+    if (parts.encodedQuery) {
         url += '?' + *parts.encodedQuery;
-    if (parts.encodedFragment)
+    }
+    if (parts.encodedFragment) {
         url += '#' + *parts.encodedFragment;
+    }
     return url;
 }
 
 bool hostEndsWithDomain(std::string_view host, std::string_view domain) {
-    if (!host.ends_with(domain))
+    if (!host.ends_with(domain)) {
         return false;
+    }
     const std::size_t front = host.size() - domain.size();
     return front == 0 || host[front - 1] == '.';
 }

@@ -20,12 +20,15 @@ constexpr bool isHyphenPlace(std::size_t index) {
 }
 
 constexpr int hexadecimalValue(char digit) {
-    if (digit >= '0' && digit <= '9')
+    if (digit >= '0' && digit <= '9') {
         return digit - '0';
-    if (digit >= 'a' && digit <= 'f')
+    }
+    if (digit >= 'a' && digit <= 'f') {
         return digit - 'a' + 10;
-    if (digit >= 'A' && digit <= 'F')
+    }
+    if (digit >= 'A' && digit <= 'F') {
         return digit - 'A' + 10;
+    }
     return -1;
 }
 
@@ -45,33 +48,34 @@ void watchForks() {
 class Generator {
 public:
     std::uint64_t next() {
-        const std::uint64_t result = std::rotl(state_[0] + state_[3], 23) + state_[0];
-        const std::uint64_t shifted = state_[1] << 17;
-        state_[2] ^= state_[0];
-        state_[3] ^= state_[1];
-        state_[1] ^= state_[2];
-        state_[0] ^= state_[3];
-        state_[2] ^= shifted;
-        state_[3] = std::rotl(state_[3], 45);
+        const std::uint64_t result = std::rotl(m_state[0] + m_state[3], 23) + m_state[0];
+        const std::uint64_t shifted = m_state[1] << 17;
+        m_state[2] ^= m_state[0];
+        m_state[3] ^= m_state[1];
+        m_state[1] ^= m_state[2];
+        m_state[0] ^= m_state[3];
+        m_state[2] ^= shifted;
+        m_state[3] = std::rotl(m_state[3], 45);
         return result;
     }
 
     void seedIfStale() {
         const unsigned generation = forkGeneration.load(std::memory_order_relaxed);
-        if (generation == seededIn_) [[likely]]
-            return;
+        if (generation == m_seededIn) {
+            [[likely]] return;
+        }
         watchForks();
-        if (getentropy(state_.data(), sizeof state_) != 0) {
+        if (getentropy(m_state.data(), sizeof m_state) != 0) {
             std::perror("quillon: the system gives no random bytes");
             std::abort();
         }
-        state_[0] |= 1; // the one state the generator cannot leave is all zeros
-        seededIn_ = generation;
+        m_state[0] |= 1; // the one state the generator cannot leave is all zeros
+        m_seededIn = generation;
     }
 
 private:
-    std::array<std::uint64_t, 4> state_{};
-    unsigned seededIn_ = 0;
+    std::array<std::uint64_t, 4> m_state{};
+    unsigned m_seededIn = 0;
 };
 
 } // namespace
@@ -89,8 +93,9 @@ std::string Uuid::text() const {
     std::string written(writtenLength, '-');
     int nibble = 0;
     for (std::size_t i = 0; i < writtenLength; ++i) {
-        if (isHyphenPlace(i))
+        if (isHyphenPlace(i)) {
             continue;
+        }
         const std::uint64_t word = nibble < 16 ? high : low;
         written[i] = "0123456789ABCDEF"[(word >> (60 - 4 * (nibble % 16))) & 0xF];
         ++nibble;
@@ -99,19 +104,22 @@ std::string Uuid::text() const {
 }
 
 std::optional<Uuid> parseUuid(std::string_view text) {
-    if (text.size() != writtenLength)
+    if (text.size() != writtenLength) {
         return std::nullopt;
+    }
     Uuid uuid;
     int nibble = 0;
     for (std::size_t i = 0; i < writtenLength; ++i) {
         if (isHyphenPlace(i)) {
-            if (text[i] != '-')
+            if (text[i] != '-') {
                 return std::nullopt;
+            }
             continue;
         }
         const int value = hexadecimalValue(text[i]);
-        if (value < 0)
+        if (value < 0) {
             return std::nullopt;
+        }
         std::uint64_t& word = nibble < 16 ? uuid.high : uuid.low;
         word = (word << 4) | static_cast<std::uint64_t>(value);
         ++nibble;

@@ -48,8 +48,8 @@ bool isSettled(const FileIdentity& identity) {
 class FolderReader : public std::enable_shared_from_this<FolderReader> {
 public:
     FolderReader(FileSystem& fileSystem, std::string path, FileDescriptor root)
-        : fileSystem_(fileSystem), cursor_(fileSystem, std::move(root)) {
-        folders_.push_back({std::move(path), 0, 0});
+        : m_fileSystem(fileSystem), m_cursor(fileSystem, std::move(root)) {
+        m_folders.push_back({std::move(path), 0, 0});
     }
 
     Expected<FileWrapper, DiskFailure> readTree() {
@@ -70,7 +70,7 @@ public:
 private:
     struct Folder {
         std::string name;   ///< of the root, its path
-        std::size_t parent; ///< index in `folders_`
+        std::size_t parent; ///< index in `m_folders`
         std::size_t depth;
     };
 
@@ -83,7 +83,7 @@ private:
         SystemResult<void> moved = moveTo(folder.folder);
         if (!moved)
             return unexpected(diskFailure(pathOf(folder.folder), moved.error()));
-        const SystemResult<std::vector<FolderEntry>> entries = fileSystem_.list(cursor_.folder());
+        const SystemResult<std::vector<FolderEntry>> entries = m_fileSystem.list(m_cursor.folder());
         if (!entries)
             return unexpected(diskFailure(pathOf(folder.folder), entries.error()));
         FileWrapper parent = folder.wrapper;
@@ -95,8 +95,8 @@ private:
             child.setPreferredFilename(entry.name);
             parent.addFileWrapper(child);
             if (child.isDirectory()) {
-                folders_.push_back({entry.name, folder.folder, folders_[folder.folder].depth + 1});
-                pending.push_back({child, folders_.size() - 1});
+                m_folders.push_back({entry.name, folder.folder, m_folders[folder.folder].depth + 1});
+                pending.push_back({child, m_folders.size() - 1});
             }
         }
         return {};
@@ -118,20 +118,20 @@ private:
     /// Takes the cursor to a folder by way of the nearest folder above both.
     SystemResult<void> moveTo(std::size_t target) {
         std::vector<std::size_t> down;
-        while (here_ != target) {
-            if (folders_[here_].depth <= folders_[target].depth) {
+        while (m_here != target) {
+            if (m_folders[m_here].depth <= m_folders[target].depth) {
                 down.push_back(target);
-                target = folders_[target].parent;
+                target = m_folders[target].parent;
                 continue;
             }
-            if (const SystemResult<FileDescriptor> left = cursor_.leave(); !left)
+            if (const SystemResult<FileDescriptor> left = m_cursor.leave(); !left)
                 return unexpected(left.error());
-            here_ = folders_[here_].parent;
+            m_here = m_folders[m_here].parent;
         }
         for (const std::size_t next : down | std::views::reverse) {
-            if (SystemResult<void> entered = cursor_.enter(folders_[next].name); !entered)
+            if (SystemResult<void> entered = m_cursor.enter(m_folders[next].name); !entered)
                 return entered;
-            here_ = next;
+            m_here = next;
         }
         return {};
     }
@@ -162,10 +162,10 @@ private:
     }
 
     SystemResult<Bytes> readOnce(const std::string& name) {
-        const SystemResult<FileDescriptor> file = fileSystem_.openFile(cursor_.folder(), name);
+        const SystemResult<FileDescriptor> file = m_fileSystem.openFile(m_cursor.folder(), name);
         if (!file)
             return unexpected(file.error());
-        const SystemResult<NodeStatus> before = fileSystem_.status(file->number());
+        const SystemResult<NodeStatus> before = m_fileSystem.status(file->number());
         if (!before)
             return unexpected(before.error());
         if (before->kind != NodeKind::regularFile)
@@ -174,14 +174,14 @@ private:
         std::size_t length = 0;
         while (length < text.size()) {
             const SystemResult<std::size_t> count =
-                fileSystem_.read(file->number(), text.data() + length, text.size() - length);
+                m_fileSystem.read(file->number(), text.data() + length, text.size() - length);
             if (!count)
                 return unexpected(count.error());
             if (*count == 0)
                 return unexpected(EBUSY);
             length += *count;
         }
-        const SystemResult<NodeStatus> after = fileSystem_.status(file->number());
+        const SystemResult<NodeStatus> after = m_fileSystem.status(file->number());
         if (!after)
             return unexpected(after.error());
         if (after->identity != before->identity)
@@ -191,18 +191,18 @@ private:
 
     std::string pathOf(std::size_t folder) const {
         std::vector<std::size_t> names;
-        for (; folder != 0; folder = folders_[folder].parent)
+        for (; folder != 0; folder = m_folders[folder].parent)
             names.push_back(folder);
-        std::string path = folders_[0].name;
+        std::string path = m_folders[0].name;
         for (const std::size_t index : names | std::views::reverse)
-            path += "/" + folders_[index].name;
+            path += "/" + m_folders[index].name;
         return path;
     }
 
-    FileSystem& fileSystem_;
-    FolderCursor cursor_;
-    std::vector<Folder> folders_; ///< the root first, every other after its parent
-    std::size_t here_ = 0;        ///< where the cursor stands
+    FileSystem& m_fileSystem;
+    FolderCursor m_cursor;
+    std::vector<Folder> m_folders; ///< the root first, every other after its parent
+    std::size_t m_here = 0;        ///< where the cursor stands
 };
 
 std::string withoutFinalSlashes(const std::string& path) {

@@ -43,19 +43,22 @@ TEST_F(LogTests, formats) {
 }
 
 TEST_F(LogTests, anyStartValueGivesALine) {
-    for (double start : {0.0, -1e308, 1e308, 1e305})
+    for (double start : {0.0, -1e308, 1e308, 1e305}) {
         logDuration("x", start);
+    }
     EXPECT_EQ(lines.size(), 4u);
 }
 
 TEST_F(LogTests, linesOfSeveralThreadsStayWhole) {
     constexpr int linesOfEach = 500;
     std::vector<std::jthread> threads;
-    for (const char* name : {"a", "b", "c"})
+    for (const char* name : {"a", "b", "c"}) {
         threads.emplace_back([name] {
-            for (int i = 0; i < linesOfEach; ++i)
+            for (int i = 0; i < linesOfEach; ++i) {
                 logEvent(name, "detail");
+            }
         });
+    }
     threads.clear();
     EXPECT_EQ(lines.size(), 3u * linesOfEach);
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "b detail"), linesOfEach);
@@ -70,8 +73,9 @@ TEST_F(LogTests, theEnvironmentChoosesTheOutput) {
         logEvent("event", "detail");
         return testing::internal::GetCapturedStderr();
     };
-    for (const char* silent : {"", "0", "yes"})
+    for (const char* silent : {"", "0", "yes"}) {
         EXPECT_EQ(written(silent), "") << silent;
+    }
     for (const char* loud : {"1", "performance", "/dev/null/log", "/"}) {
         EXPECT_THAT(written(loud), HasSubstr("com.tarnwell.quillon:Performance debug event detail\n"))
             << loud;

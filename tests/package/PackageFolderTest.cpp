@@ -32,8 +32,9 @@ FileWrapper named(FileWrapper wrapper, const std::string& name) {
 void add(FileWrapper folder, const std::string& key, const Bytes& bytes) {
     const fs::path path = key;
     for (const fs::path& piece : path.parent_path()) {
-        if (!folder.child(piece.string()))
+        if (!folder.child(piece.string())) {
             folder.addFileWrapper(named(FileWrapper::directory(), piece.string()));
+        }
         folder = FileWrapper(*folder.child(piece.string()));
     }
     folder.addFileWrapper(named(FileWrapper::regularFile(bytes), path.filename().string()));
@@ -41,8 +42,9 @@ void add(FileWrapper folder, const std::string& key, const Bytes& bytes) {
 
 FileWrapper treeOf(const Files& files) {
     const FileWrapper root = FileWrapper::directory();
-    for (const auto& [key, contents] : files)
+    for (const auto& [key, contents] : files) {
         add(root, key, Bytes(contents));
+    }
     return root;
 }
 
@@ -50,18 +52,20 @@ FileWrapper treeOf(const Files& files) {
 std::map<std::string, Bytes> bytesIn(const FileWrapper& folder, const std::string& prefix = {}) {
     std::map<std::string, Bytes> found;
     for (const auto& [name, child] : *folder.fileWrappers()) {
-        if (child.isDirectory())
+        if (child.isDirectory()) {
             found.merge(bytesIn(child, prefix + name + "/"));
-        else if (const auto contents = child.regularFileContents().value())
+        } else if (const auto contents = child.regularFileContents().value()) {
             found[prefix + name] = *contents;
+        }
     }
     return found;
 }
 
 Files filesIn(const FileWrapper& folder) {
     Files files;
-    for (const auto& [key, bytes] : bytesIn(folder))
+    for (const auto& [key, bytes] : bytesIn(folder)) {
         files[key] = bytes.view();
+    }
     return files;
 }
 
@@ -85,8 +89,9 @@ TEST(ReadFolder, TakesEveryRegularFileAndPassesOverTheRest) {
                          {"a/article.json", "{ }"},
                          {"a/b/c.bin", std::string("\0\xFF\r\n", 4)},
                          {"a/empty", ""}};
-    for (const auto& [key, contents] : files)
+    for (const auto& [key, contents] : files) {
         scratch.write("Story/" + key, contents);
+    }
     scratch.write("secret", "outside");
     fs::create_directory(scratch.path("Story/nothing"));
     fs::create_symlink("../secret", scratch.path("Story/link"));
@@ -139,8 +144,9 @@ TEST(ReadFolder, FailsWithPathAndCause) {
 
 TEST(ReadFolder, AFileIsReadWhenAskedForAndItsFailureNamesIt) {
     const ScratchFolder scratch;
-    for (const char* key : {"Story/a/gone", "Story/a/b/piped", "Story/c/fine"})
+    for (const char* key : {"Story/a/gone", "Story/a/b/piped", "Story/c/fine"}) {
         scratch.write(key, "1");
+    }
     const auto tree = readFolder(scratch.path("Story"));
     fs::remove(scratch.path("Story/a/gone"));
     fs::remove(scratch.path("Story/a/b/piped"));
@@ -166,8 +172,9 @@ TEST(ReadFolder, AFileIsReadWholeOrNotAtAllWhileItChanges) {
         int reads = 0;
         FaultPlan plan;
         plan.before = [&, most = changes](std::string_view step) {
-            if (step == "read" && ++reads <= most)
+            if (step == "read" && ++reads <= most) {
                 std::ofstream(scratch.path("Story/a"), std::ios::app) << "+" << reads;
+            }
         };
         FaultyFileSystem busy(plan);
         const auto tree = readFolder(scratch.path("Story"), busy);
@@ -187,8 +194,9 @@ RC_GTEST_PROP(WriteFolder, WhatWasWrittenIsRead, ()) {
     const auto key = rc::gen::map(rc::gen::resize(3, rc::gen::container<std::vector<std::string>>(piece)),
                                   [](const std::vector<std::string>& pieces) {
                                       std::string joined = "f";
-                                      for (const std::string& each : pieces)
+                                      for (const std::string& each : pieces) {
                                           joined = "d" + each + "/" + joined;
+                                      }
                                       return joined;
                                   });
     const auto files = rc::gen::resize(12, rc::gen::container<Files>(key, rc::gen::arbitrary<std::string>()));
@@ -278,8 +286,9 @@ TEST(WriteFolder, OurBytesWinOverAFileThatIsChangedWhileItIsTakenOver) {
         EXPECT_EQ(filesIn(*tree).size(), 1U);
         FaultPlan plan{.canLink = operation == std::string("link"), .canClone = true};
         plan.before = [&](std::string_view step) {
-            if (step == operation)
+            if (step == operation) {
                 std::ofstream(scratch.path("Story/a.png"), std::ios::binary) << "THEM";
+            }
         };
         FaultyFileSystem busy(plan);
         const auto report = writeFolder(*tree, scratch.path("Story"), busy);
@@ -293,8 +302,9 @@ TEST(WriteFolder, LeavesAPackageAloneThatAnotherProgramPutThereMeanwhile) {
     scratch.write("Story/a", "1");
     FaultPlan plan;
     plan.before = [&](std::string_view step) {
-        if (step != "write" || fs::exists(scratch.path("moved")))
+        if (step != "write" || fs::exists(scratch.path("moved"))) {
             return;
+        }
         fs::rename(scratch.path("Story"), scratch.path("moved"));
         scratch.write("Story/theirs", "2");
     };
@@ -317,8 +327,9 @@ TEST(WriteFolder, AFileTooFreshToTellItsNextChangeIsWritten) {
 
 TEST(WriteFolder, KeepsModesAndGivesNewFilesThoseOfTheProcess) {
     const ScratchFolder scratch;
-    for (const char* key : {"Story/changed", "Story/d/kept"})
+    for (const char* key : {"Story/changed", "Story/d/kept"}) {
         scratch.write(key, "1");
+    }
     const auto mode = [&](const char* below) {
         return static_cast<unsigned>(fs::status(scratch.path(below)).permissions());
     };
@@ -337,8 +348,9 @@ TEST(WriteFolder, KeepsModesAndGivesNewFilesThoseOfTheProcess) {
         {"Story", 0710},       {"Story/changed", 0604}, {"Story/d", 02550}, {"Story/d/kept", 0751},
         {"Story/d/new", 0640}, {"Story/e", 0750},       {"Other", 0750},    {"Other/new", 0640},
     };
-    for (const auto& each : expected)
+    for (const auto& each : expected) {
         EXPECT_EQ(mode(each.below), each.mode) << each.below;
+    }
 }
 
 TEST(WriteFolder, NoNameLeadsOutOfThePackage) {
@@ -398,10 +410,12 @@ TEST(WriteFolder, SavesBehindALinkAndUnderALongName) {
     EXPECT_EQ(snapshot(scratch.path("real")), (Files{{"./", ""}, {"Story/", ""}, {"Story/a", "2"}}));
 
     std::string longName;
-    for (int count = 0; count < 85; ++count)
+    for (int count = 0; count < 85; ++count) {
         longName += "\xE2\x82\xAC";
-    for (int round = 0; round < 2; ++round)
+    }
+    for (int round = 0; round < 2; ++round) {
         save(treeOf({{"a", "3"}}), scratch.path(longName));
+    }
     EXPECT_EQ(snapshot(scratch.path(longName)), (Files{{"./", ""}, {"a", "3"}}));
 }
 
@@ -415,13 +429,15 @@ TEST(WriteFolder, ReadsAndWritesFoldersDeeperThanAPathCanBe) {
         folder = below;
     }
     folder.addFileWrapper(named(FileWrapper::regularFile(Bytes("bottom")), "f"));
-    for (int round = 0; round < 2; ++round)
+    for (int round = 0; round < 2; ++round) {
         save(tree, scratch.path("Story"));
+    }
     const auto read = readFolder(scratch.path("Story"));
     ASSERT_TRUE(read);
     const FileWrapper* found = &*read;
-    while (found && found->isDirectory())
+    while (found && found->isDirectory()) {
         found = found->fileWrappers()->empty() ? nullptr : &found->fileWrappers()->begin()->second;
+    }
     ASSERT_NE(found, nullptr);
     EXPECT_EQ(found->regularFileContents().value(), Bytes("bottom"));
     save(treeOf({}), scratch.path("Story"));
@@ -465,8 +481,9 @@ TEST(InterruptedSave, ASaveRemovesOnlyWhatDeadSavesOfItsPackageLeft) {
         ".Story.quillon-save-living",  // of a process that lives
         ".Story.quillon-aside-living", // the same
     };
-    for (const std::string& name : kept)
+    for (const std::string& name : kept) {
         scratch.write(name + "/a", "1");
+    }
     scratch.write(".Story.quillon-save-a1b2c3/d/a", "1");
     scratch.write(".Story.quillon-aside-a1b2c3/d/a", "1");
     std::vector<FileDescriptor> locks;

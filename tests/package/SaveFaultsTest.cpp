@@ -33,71 +33,75 @@ class SaveScene {
 public:
     enum class Start { existing, untitled };
 
-    explicit SaveScene(Start start) : isExisting_(start == Start::existing) {
-        if (isExisting_)
+    explicit SaveScene(Start start) : m_isExisting(start == Start::existing) {
+        if (m_isExisting) {
             makePackage();
-        before_ = snapshotWithModes(package());
-        tree_ = isExisting_ ? *readFolder(package()) : FileWrapper::directory();
-        for (const auto& [name, wrapper] : *tree_.fileWrappers())
+        }
+        m_before = snapshotWithModes(package());
+        m_tree = m_isExisting ? *readFolder(package()) : FileWrapper::directory();
+        for (const auto& [name, wrapper] : *m_tree.fileWrappers()) {
             load(wrapper);
-        tree_.addFileWrapper(file("article.json", R"({"title": "new"})"));
+        }
+        m_tree.addFileWrapper(file("article.json", R"({"title": "new"})"));
         FileWrapper added = named(FileWrapper::directory(), "added");
         added.addFileWrapper(file("d.txt", "a file that is new"));
-        tree_.addFileWrapper(added);
-        after_ = {{"./", ""},
-                  {"article.json", R"({"title": "new"})"},
-                  {"added/", ""},
-                  {"added/d.txt", "a file that is new"}};
-        if (isExisting_)
-            after_.insert({{"images/", ""},
-                           {"images/a.png", "unchanged"},
-                           {"images/low/", ""},
-                           {"images/low/c.png", "unchanged, too"}});
+        m_tree.addFileWrapper(added);
+        m_after = {{"./", ""},
+                   {"article.json", R"({"title": "new"})"},
+                   {"added/", ""},
+                   {"added/d.txt", "a file that is new"}};
+        if (m_isExisting) {
+            m_after.insert({{"images/", ""},
+                            {"images/a.png", "unchanged"},
+                            {"images/low/", ""},
+                            {"images/low/c.png", "unchanged, too"}});
+        }
     }
 
-    std::string package() const { return scratch_.path("Story"); }
-    const FileWrapper& tree() const { return tree_; }
-    std::size_t unchangedFiles() const { return isExisting_ ? 2 : 0; }
+    std::string package() const { return m_scratch.path("Story"); }
+    const FileWrapper& tree() const { return m_tree; }
+    std::size_t unchangedFiles() const { return m_isExisting ? 2 : 0; }
 
-    bool isAsBefore() const { return snapshotWithModes(package()) == before_; }
+    bool isAsBefore() const { return snapshotWithModes(package()) == m_before; }
     /// A package that was moved aside comes back one day, so it must never be in pieces.
     bool isWholeWhereMovedAside() const {
-        const std::set<std::string> names = scratch_.names();
+        const std::set<std::string> names = m_scratch.names();
         return std::all_of(names.begin(), names.end(), [this](const std::string& name) {
             return !name.starts_with(".Story.quillon-aside-") ||
-                   snapshotWithModes(scratch_.path(name)) == before_;
+                   snapshotWithModes(m_scratch.path(name)) == m_before;
         });
     }
-    bool isSaved() const { return snapshot(package()) == after_; }
+    bool isSaved() const { return snapshot(package()) == m_after; }
     /// Whether nothing but the package stands in its folder.
     bool isTidy() const {
-        const std::set<std::string> names = scratch_.names();
+        const std::set<std::string> names = m_scratch.names();
         return names.empty() || names == std::set<std::string>{"Story"};
     }
 
 private:
     void makePackage() const {
-        scratch_.write("Story/article.json", R"({"title": "old"})");
-        scratch_.write("Story/images/a.png", "unchanged");
-        scratch_.write("Story/images/low/c.png", "unchanged, too");
-        fs::create_symlink("a.png", scratch_.path("Story/images/link.png"));
-        fs::permissions(scratch_.path("Story/article.json"), fs::perms(0640));
-        fs::permissions(scratch_.path("Story/images"), fs::perms(0750));
+        m_scratch.write("Story/article.json", R"({"title": "old"})");
+        m_scratch.write("Story/images/a.png", "unchanged");
+        m_scratch.write("Story/images/low/c.png", "unchanged, too");
+        fs::create_symlink("a.png", m_scratch.path("Story/images/link.png"));
+        fs::permissions(m_scratch.path("Story/article.json"), fs::perms(0640));
+        fs::permissions(m_scratch.path("Story/images"), fs::perms(0750));
     }
 
     static void load(const FileWrapper& wrapper) {
         ASSERT_TRUE(wrapper.regularFileContents());
         if (const FileWrapper::Children* children = wrapper.fileWrappers()) {
-            for (const auto& [name, child] : *children)
+            for (const auto& [name, child] : *children) {
                 load(child);
+            }
         }
     }
 
-    ScratchFolder scratch_;
-    bool isExisting_;
-    FileWrapper tree_ = FileWrapper::directory();
-    Snapshot before_;
-    Snapshot after_;
+    ScratchFolder m_scratch;
+    bool m_isExisting;
+    FileWrapper m_tree = FileWrapper::directory();
+    Snapshot m_before;
+    Snapshot m_after;
 };
 
 struct Variant {
@@ -171,8 +175,9 @@ TEST(SaveFaults, AfterAnyFailureTheOldPackageIsWholeAndNothingElseStays) {
             do {
                 ++plan.step;
                 SCOPED_TRACE("step " + std::to_string(plan.step));
-                if (!saveWithFault(variant, plan))
+                if (!saveWithFault(variant, plan)) {
                     break;
+                }
             } while (!testing::Test::HasFailure());
             EXPECT_GT(plan.step, 20U);
         }
@@ -216,8 +221,9 @@ TEST(SaveFaults, AKilledProcessLeavesTheOldOrTheNewPackageAndTheNextSaveTidiesUp
         do {
             ++plan.step;
             SCOPED_TRACE("step " + std::to_string(plan.step));
-            if (!saveAndKill(variant, plan))
+            if (!saveAndKill(variant, plan)) {
                 break;
+            }
         } while (!testing::Test::HasFailure());
         EXPECT_GT(plan.step, 20U);
     }

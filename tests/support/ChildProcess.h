@@ -14,8 +14,9 @@ bool passesWithoutRights(Check check) {
     if (child == 0) {
         constexpr uid_t nobody = 65534;
         if (::geteuid() == 0 &&
-            (::setresgid(nobody, nobody, nobody) != 0 || ::setresuid(nobody, nobody, nobody) != 0))
+            (::setresgid(nobody, nobody, nobody) != 0 || ::setresuid(nobody, nobody, nobody) != 0)) {
             ::_exit(2);
+        }
         ::_exit(check() ? 0 : 1);
     }
     int status = 0;

@@ -36,13 +36,13 @@ constexpr int killedStatus = 77;
 /// bytes only, so that there are several for each file.
 class FaultyFileSystem final : public FileSystem {
 public:
-    explicit FaultyFileSystem(FaultPlan plan) : plan_(std::move(plan)) {}
+    explicit FaultyFileSystem(FaultPlan plan) : m_plan(std::move(plan)) {}
 
     /// Whether the fault came to pass.
-    bool hasStruck() const { return hasStruck_; }
+    bool hasStruck() const { return m_hasStruck; }
     /// The operation and, where it is known, the name of the file that it struck.
-    const std::string& struckOperation() const { return struckOperation_; }
-    const std::string& struckName() const { return struckName_; }
+    const std::string& struckOperation() const { return m_struckOperation; }
+    const std::string& struckName() const { return m_struckName; }
 
     SystemResult<std::string> resolve(const std::string& path) override;
     SystemResult<FileDescriptor> openRoot(const std::string& path) override;
@@ -76,13 +76,13 @@ private:
     auto step(const char* operation, const std::string& name, Room room, Call call) -> decltype(call());
     std::string nameOf(int file) const;
 
-    FaultPlan plan_;
-    FileSystem& real_ = systemFileSystem();
-    std::size_t steps_ = 0;
-    bool hasStruck_ = false;
-    std::string struckOperation_;
-    std::string struckName_;
-    std::map<int, std::string> created_; ///< by descriptor
+    FaultPlan m_plan;
+    FileSystem& m_real = systemFileSystem();
+    std::size_t m_steps = 0;
+    bool m_hasStruck = false;
+    std::string m_struckOperation;
+    std::string m_struckName;
+    std::map<int, std::string> m_created; ///< by descriptor
 };
 
 } // namespace quillon::test

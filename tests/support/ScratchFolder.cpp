@@ -22,8 +22,9 @@ std::string contentsOf(const fs::path& file) {
 }
 
 std::string describe(const fs::directory_entry& entry) {
-    if (entry.is_symlink())
+    if (entry.is_symlink()) {
         return "-> " + fs::read_symlink(entry.path()).string();
+    }
     return entry.is_regular_file() ? contentsOf(entry.path()) : std::string();
 }
 
@@ -34,22 +35,23 @@ ScratchFolder::ScratchFolder() {
     const fs::path memory = "/dev/shm";
     const fs::path above = ::access(memory.c_str(), W_OK) == 0 ? memory : fs::temp_directory_path();
     std::string pattern = (above / "quillon-test-XXXXXX").string();
-    if (!::mkdtemp(pattern.data()))
+    if (!::mkdtemp(pattern.data())) {
         throw std::runtime_error("no scratch folder");
-    root_ = pattern;
+    }
+    m_root = pattern;
 }
 
 ScratchFolder::~ScratchFolder() {
     std::error_code ignored;
-    fs::remove_all(root_, ignored);
+    fs::remove_all(m_root, ignored);
 }
 
 std::string ScratchFolder::path(std::string_view below) const {
-    return below.empty() ? root_.string() : (root_ / below).string();
+    return below.empty() ? m_root.string() : (m_root / below).string();
 }
 
 void ScratchFolder::write(std::string_view below, std::string_view contents) const {
-    const fs::path file = root_ / below;
+    const fs::path file = m_root / below;
     fs::create_directories(file.parent_path());
     std::ofstream(file, std::ios::binary) << contents;
     makeOld(file);
@@ -57,15 +59,17 @@ void ScratchFolder::write(std::string_view below, std::string_view contents) con
 
 std::set<std::string> ScratchFolder::names() const {
     std::set<std::string> names;
-    for (const auto& entry : fs::directory_iterator(root_))
+    for (const auto& entry : fs::directory_iterator(m_root)) {
         names.insert(entry.path().filename().string());
+    }
     return names;
 }
 
 std::map<std::string, std::string> snapshot(const std::string& folder) {
     std::map<std::string, std::string> found;
-    if (!fs::exists(folder))
+    if (!fs::exists(folder)) {
         return found;
+    }
     found["./"] = "";
     for (const auto& entry : fs::recursive_directory_iterator(folder)) {
         const bool isFolder = entry.is_directory() && !entry.is_symlink();

@@ -26,7 +26,7 @@ public:
     std::set<std::string> names() const;
 
 private:
-    std::filesystem::path root_;
+    std::filesystem::path m_root;
 };
 
 /// All that is below `folder`: paths with a final "/" for folders, and contents; "-> TARGET" for symbolic
