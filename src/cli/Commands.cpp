@@ -6,7 +6,6 @@
 #include "package/PackageFile.h"
 #include "render/Page.h"
 
-#include <algorithm>
 #include <filesystem>
 
 namespace quillon::cli {
@@ -19,14 +18,6 @@ size_t countOf(const List<Component>& components) {
         count += component.components ? countOf(*component.components) : 0;
     }
     return count;
-}
-
-/// `text` on one line of a terminal: line ends and control characters as blanks.
-std::string onOneLine(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; },
-        ' ');
-    return text;
 }
 
 void appendOutline(std::string& out, const List<Component>& components, size_t level) {

@@ -2,6 +2,7 @@
 
 #include "base/DiskFailure.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
@@ -77,6 +78,13 @@ Result<void> writeOutput(std::string_view text, const std::string& path) {
         return writeInto(text, path);
     }
     return replaceFile(text, fs::exists(status) ? fs::canonical(path, ignored).string() : path);
+}
+
+std::string onOneLine(std::string text) {
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; },
+        ' ');
+    return text;
 }
 
 } // namespace quillon::cli

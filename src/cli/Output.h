@@ -11,4 +11,7 @@ namespace quillon::cli {
 /// replaced only once the whole text is on disk.
 Result<void> writeOutput(std::string_view text, const std::string& path);
 
+/// `text` on one line of a terminal: line ends, tabs and control characters as blanks.
+std::string onOneLine(std::string text);
+
 } // namespace quillon::cli

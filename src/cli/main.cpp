@@ -1,4 +1,5 @@
 #include "cli/Commands.h"
+#include "cli/StartCommands.h"
 
 #include <CLI/CLI.hpp>
 
@@ -82,6 +83,29 @@ int main(int argc, char** argv) {
     saveCommand->add_option("TO", to, "folder to save to");
     saveCommand->add_flag("--force", force, "replace TO when it is a package");
 
+    std::string kind;
+    std::string newFolder;
+    std::optional<std::string> prompt;
+    CLI::App* newCommand = app.add_subcommand("new", "make a first article");
+    newCommand->add_option("KIND", kind, "blank, generated, or the id of a template")->required();
+    newCommand->add_option("TO", newFolder, "folder to make, or - for the JSON alone on standard output")
+        ->required();
+    newCommand->add_option("--prompt", prompt, "the story idea of a generated article")->type_name("TEXT");
+
+    CLI::App* templatesCommand =
+        app.add_subcommand("templates", "list the templates: id, category, title, subtitle");
+
+    std::string role;
+    CLI::App* sampleCommand = app.add_subcommand("sample", "print a new component of a role as JSON");
+    sampleCommand->add_option("ROLE", role, "as in an article, such as body or link_button")->required();
+
+    std::vector<std::string> folders;
+    std::optional<size_t> limit;
+    CLI::App* recentsCommand =
+        app.add_subcommand("recents", "list packages: title, subtitle, date, thumbnail, readable or not");
+    recentsCommand->add_option("FOLDER", folders, "packages, in the order of the list")->required();
+    recentsCommand->add_option("--limit", limit, "how many lines at most")->type_name("COUNT");
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
@@ -99,6 +123,18 @@ int main(int argc, char** argv) {
     }
     if (outlineCommand->parsed()) {
         return report(outline(package));
+    }
+    if (newCommand->parsed()) {
+        return report(makeNew(kind, newFolder, prompt));
+    }
+    if (templatesCommand->parsed()) {
+        return report(listTemplates());
+    }
+    if (sampleCommand->parsed()) {
+        return report(sample(role));
+    }
+    if (recentsCommand->parsed()) {
+        return report(listRecents(folders, limit));
     }
     return report(save(package, to, force ? Replace::existingPackage : Replace::never));
 }
