@@ -34,7 +34,7 @@ private:
         m_receive({message.payload.data(), message.payload.size()});
     }
 
-    void m_flush() override {}
+    void flush_() override {}
 
     std::function<void(std::string_view)> m_receive;
 };
