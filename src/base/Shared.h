@@ -119,6 +119,8 @@ public:
     const Value* operator->() const noexcept { return &*m_handle; }
     /// The value to change in place; other holders keep theirs.
     Value& edit() { return m_handle.edit(); }
+    /// The same block as a handle that could also be empty.
+    const SharedOptional<Value>& handle() const noexcept { return m_handle; }
     bool isIdentical(const Shared& other) const noexcept { return m_handle.isIdentical(other.m_handle); }
 
     friend bool operator==(const Shared& left, const Shared& right) {

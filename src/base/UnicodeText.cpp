@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
+#include <memory>
 
 #include <unicode/brkiter.h>
 #include <unicode/bytestream.h>

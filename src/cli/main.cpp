@@ -1,3 +1,104 @@
-int main() {
-    return 0;
+#include "cli/Commands.h"
+
+#include <CLI/CLI.hpp>
+
+#include <csignal>
+#include <iostream>
+
+namespace {
+
+using namespace quillon::cli;
+
+constexpr int usageStatus = 2;
+
+int report(const Result<void>& result) {
+    if (result) {
+        return 0;
+    }
+    std::cerr << "quillon-cli: " << result.error().message << "\n";
+    return result.error().isUsage ? usageStatus : 1;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // A reader that goes away shows as a failed write, with a message and a status of its own.
+    std::signal(SIGPIPE, SIG_IGN);
+
+    CLI::App app("Reads, renders and writes articles in Apple News Format.", "quillon-cli");
+    app.set_version_flag("--version", "quillon-cli " QUILLON_VERSION);
+    app.require_subcommand(1);
+
+    std::string package;
+    std::string output;
+    const auto command = [&](const char* name, const char* description) {
+        CLI::App* made = app.add_subcommand(name, description);
+        made->add_option("PACKAGE", package,
+                         "folder, path of an article.json, or - for JSON on standard input")
+            ->required();
+        return made;
+    };
+    const auto withOutput = [&](CLI::App* made) {
+        made->add_option("-o,--output", output, "file to write in place of standard output")
+            ->type_name("FILE");
+    };
+
+    EnvironmentOptions environment;
+    std::optional<double> now;
+    CLI::App* renderCommand = command("render", "write the article as one HTML page");
+    renderCommand->add_option("--device", environment.device, "what the page is laid out for")
+        ->check(CLI::IsMember(deviceNames()))
+        ->capture_default_str();
+    renderCommand->add_option("--orientation", environment.orientation)
+        ->check(CLI::IsMember(orientationNames()))
+        ->capture_default_str();
+    renderCommand->add_option("--appearance", environment.appearance)
+        ->check(CLI::IsMember(appearanceNames()))
+        ->capture_default_str();
+    renderCommand
+        ->add_option("--pane", environment.pane, "size of the pane that the device auto follows, in points")
+        ->type_name("WIDTHxHEIGHT")
+        ->capture_default_str();
+    renderCommand->add_option("--maps-token", environment.mapsToken, "token of the maps service");
+    renderCommand->add_option("--maps-origin", environment.mapsOrigin, "origin that the page is shown under")
+        ->type_name("URL");
+    renderCommand
+        ->add_option("--environment", environment.environment,
+                     "fields of a preview environment that are laid over the rest, as a JSON object")
+        ->type_name("JSON");
+    renderCommand->add_option("--now", now, "the time against which tokens expire, in seconds since 1970")
+        ->type_name("SECONDS");
+    withOutput(renderCommand);
+
+    CLI::App* formatCommand = command("format", "write the article as a save would, byte for byte");
+    withOutput(formatCommand);
+    CLI::App* checkCommand = command("check", "open the package as the editor does and count what it holds");
+    CLI::App* outlineCommand = command("outline", "print the tree of components");
+
+    std::string to;
+    bool force = false;
+    CLI::App* saveCommand =
+        command("save", "read the whole package and write it, in place or to another folder");
+    saveCommand->add_option("TO", to, "folder to save to");
+    saveCommand->add_flag("--force", force, "replace TO when it is a package");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : usageStatus;
+    }
+
+    if (renderCommand->parsed()) {
+        return report(render(package, environment, now, output));
+    }
+    if (formatCommand->parsed()) {
+        return report(format(package, output));
+    }
+    if (checkCommand->parsed()) {
+        return report(check(package));
+    }
+    if (outlineCommand->parsed()) {
+        return report(outline(package));
+    }
+    return report(save(package, to, force ? Replace::existingPackage : Replace::never));
 }

@@ -1,0 +1,82 @@
+#include "cli/Output.h"
+
+#include "base/DiskFailure.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace quillon::cli {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Writes all of `text` to an open file; gives the error's number, 0 for success.
+int writeAll(int file, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = ::write(file, text.data(), text.size());
+        if (written < 0 && errno != EINTR) {
+            return errno;
+        }
+        text.remove_prefix(written < 0 ? 0 : static_cast<size_t>(written));
+    }
+    return 0;
+}
+
+Result<void> succeededUnless(int errorNumber, const std::string& name) {
+    if (errorNumber != 0) {
+        return failed(name + ": " + systemErrorText(errorNumber));
+    }
+    return {};
+}
+
+/// Writes to what cannot be replaced: a device, a pipe.
+Result<void> writeInto(std::string_view text, const std::string& path) {
+    const int file = ::open(path.c_str(), O_WRONLY | O_CLOEXEC);
+    if (file < 0) {
+        return succeededUnless(errno, path);
+    }
+    const int error = writeAll(file, text);
+    ::close(file);
+    return succeededUnless(error, path);
+}
+
+Result<void> replaceFile(std::string_view text, const std::string& path) {
+    const std::string fresh = path + ".quillon-" + std::to_string(::getpid());
+    const int file = ::open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+    if (file < 0) {
+        return succeededUnless(errno, path);
+    }
+    int error = writeAll(file, text);
+    if (::close(file) != 0 && error == 0) {
+        error = errno;
+    }
+    if (error == 0 && ::rename(fresh.c_str(), path.c_str()) != 0) {
+        error = errno;
+    }
+    if (error != 0) {
+        ::unlink(fresh.c_str());
+    }
+    return succeededUnless(error, path);
+}
+
+} // namespace
+
+Result<void> writeOutput(std::string_view text, const std::string& path) {
+    if (path.empty()) {
+        return succeededUnless(writeAll(STDOUT_FILENO, text), "standard output");
+    }
+    std::error_code ignored;
+    const fs::file_status status = fs::status(path, ignored);
+    if (fs::exists(status) && !fs::is_regular_file(status)) {
+        return writeInto(text, path);
+    }
+    return replaceFile(text, fs::exists(status) ? fs::canonical(path, ignored).string() : path);
+}
+
+} // namespace quillon::cli

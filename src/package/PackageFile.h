@@ -1,0 +1,23 @@
+#pragma once
+
+#include "package/ArticleFileDocument.h"
+#include "package/PackageFolder.h"
+
+#include <string>
+
+/// Packages on disk.
+namespace quillon {
+
+/// The document of the package at `path`, a folder.
+Expected<ArticleFileDocument, PackageFailure> openPackage(const std::string& path);
+/// Its article alone; no asset is read.
+Expected<ArticleDocument, PackageFailure> openPackageArticle(const std::string& path);
+
+/// Saves `document` at `path`, in place of the folder that stands there: all or nothing.
+Expected<SaveReport, PackageFailure> savePackage(const ArticleFileDocument& document,
+                                                 const std::string& path);
+
+/// Whether a folder with an article stands at `path`.
+bool isPackage(const std::string& path);
+
+} // namespace quillon

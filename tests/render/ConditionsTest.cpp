@@ -1,0 +1,282 @@
+#include "render/Conditions.h"
+#include "render/ComponentStyleCss.h"
+#include "render/ReadRecord.h"
+
+namespace quillon::HTMLRenderer {
+namespace {
+
+PreviewEnvironment phone() {
+    PreviewEnvironment environment;
+    environment.viewportWidth = 393;
+    environment.platform = "ios";
+    environment.horizontalSizeClass = "compact";
+    environment.verticalSizeClass = "regular";
+    return environment;
+}
+
+PreviewEnvironment phone(PreviewAppearance appearance) {
+    PreviewEnvironment environment = phone();
+    environment.appearance = appearance;
+    return environment;
+}
+
+/// An article of `tables` (members of its JSON, each followed by a comma) and a context to resolve in.
+struct Fixture {
+    explicit Fixture(const std::string& tables, PreviewEnvironment in = phone())
+        : article(readRecord<ArticleDocument>(
+              "{" + tables +
+              R"("version":"1","identifier":"a","language":"en","title":"T","layout":{"columns":7,"width":1024},"components":[]})")),
+          environment(std::move(in)) {}
+
+    ArticleDocument article;
+    PreviewEnvironment environment;
+    DarkModeCSS darkCSS;
+    PageContext context{article, environment, gridMetrics(article.layout, environment.viewportWidth), darkCSS,
+                        0};
+};
+
+std::string cssOf(const ComponentStyle& style) {
+    std::string css;
+    componentStyleCSS(css, &style);
+    return css;
+}
+
+TEST(Conditions, matrix) {
+    enum Match { never = 0, automatic = 1, light = 2, dark = 4, always = 7 };
+    struct Case {
+        const char* conditions;
+        int appearances;
+    };
+    constexpr Case cases[] = {
+        {R"([])", always},
+        {R"([{}])", always},
+        {R"([{"preferredColorScheme":"any"}])", always},
+        {R"([{"preferredColorScheme":"light"}])", light},
+        {R"([{"preferredColorScheme":"dark"}])", dark},
+        {R"([{"preferredColorScheme":"Dark"}])", never},
+        {R"([{"preferredColorScheme":""}])", never},
+        {R"([{"platform":"any"}])", always},
+        {R"([{"platform":"ios"}])", always},
+        {R"([{"platform":"iOS"}])", never},
+        {R"([{"platform":"macos"}])", never},
+        {R"([{"horizontalSizeClass":"any"}])", always},
+        {R"([{"horizontalSizeClass":"compact"}])", always},
+        {R"([{"horizontalSizeClass":"regular"}])", never},
+        {R"([{"verticalSizeClass":"any"}])", always},
+        {R"([{"verticalSizeClass":"regular"}])", always},
+        {R"([{"verticalSizeClass":"compact"}])", never},
+        {R"([{"minViewportWidth":393,"maxViewportWidth":393}])", always},
+        {R"([{"minViewportWidth":394}])", never},
+        {R"([{"maxViewportWidth":392}])", never},
+        {R"([{"minViewportWidth":-9223372036854775808,"maxViewportWidth":9223372036854775807}])", always},
+        {R"([{"subscriptionStatus":"bundle","minSpecVersion":"99","maxSpecVersion":"0"}])", always},
+        {R"([{"platform":"ios","preferredColorScheme":"dark"}])", dark},
+        {R"([{"platform":"macos","preferredColorScheme":"dark"}])", never},
+        {R"([{"platform":"ios"},{"preferredColorScheme":"light"}])", light},
+        {R"([{"preferredColorScheme":"light"},{"preferredColorScheme":"dark"}])", never},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.conditions);
+        const Conditions conditions = readRecord<std::vector<Condition>>(test.conditions);
+        EXPECT_EQ(conditionsMatch(conditions, phone(PreviewAppearance::automatic)),
+                  (test.appearances & automatic) != 0);
+        EXPECT_EQ(conditionsMatch(conditions, phone(PreviewAppearance::light)),
+                  (test.appearances & light) != 0);
+        EXPECT_EQ(conditionsMatch(conditions, phone(PreviewAppearance::dark)),
+                  (test.appearances & dark) != 0);
+    }
+    EXPECT_TRUE(conditionsMatch(std::nullopt, phone()));
+}
+
+TEST(Conditions, viewportWidthIsRounded) {
+    struct Case {
+        double width;
+        bool isAtLeast321;
+    };
+    constexpr Case cases[] = {{320.4, false}, {320.5, true}, {321.4, true}};
+    const Conditions atLeast = readRecord<std::vector<Condition>>(R"([{"minViewportWidth":321}])");
+    const Conditions atMost = readRecord<std::vector<Condition>>(R"([{"maxViewportWidth":320}])");
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.width);
+        PreviewEnvironment environment = phone();
+        environment.viewportWidth = test.width;
+        EXPECT_EQ(conditionsMatch(atLeast, environment), test.isAtLeast321);
+        EXPECT_EQ(conditionsMatch(atMost, environment), !test.isAtLeast321);
+    }
+}
+
+TEST(Conditions, variantsLieOverOneAnotherInTheirOrder) {
+    struct Case {
+        const char* style;
+        const char* css;
+    };
+    constexpr Case cases[] = {
+        {R"({"backgroundColor":"a","conditional":[{"backgroundColor":"b"},{"backgroundColor":"c"}]})",
+         "background-color: c;"},
+        {R"({"backgroundColor":"a","conditional":[{"backgroundColor":"b"},{"opacity":0.5}]})",
+         "background-color: b;opacity: 0.5;"},
+        {R"({"backgroundColor":"a","conditional":[{"backgroundColor":"b"},{"backgroundColor":"c","conditions":[{"platform":"macos"}]}]})",
+         "background-color: b;"},
+        {R"({"backgroundColor":"a","conditional":[]})", "background-color: a;"},
+        // Whole fields are replaced: the corner flag of the base is gone.
+        {R"({"mask":{"radius":9,"topLeft":false},"conditional":[{"mask":{"radius":1}}]})",
+         "border-radius: 1px 1px 1px 1px; overflow: hidden;"},
+        // The variants of a variant mean nothing.
+        {R"({"backgroundColor":"a","conditional":[{"opacity":1,"conditional":[{"backgroundColor":"z"}]},{"backgroundColor":"b"}]})",
+         "background-color: b;opacity: 1;"},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.style);
+        Fixture named(R"("componentStyles":{"s":)" + std::string(test.style) + "},");
+        const auto byName = resolveComponentStyle(readRecord<StyleReference>(R"("s")"), named.context);
+        const auto inlined = resolveComponentStyle(readRecord<StyleReference>(test.style), named.context);
+        ASSERT_TRUE(byName && inlined);
+        EXPECT_EQ(cssOf(*byName), test.css);
+        EXPECT_EQ(cssOf(*inlined), test.css);
+        EXPECT_EQ(byName->conditional, readRecord<ComponentStyle>(test.style).conditional);
+    }
+}
+
+TEST(Conditions, referencesLeadToTheArticlesStyles) {
+    Fixture fixture(
+        R"("componentLayouts":{"l":{"columnSpan":2,"margin":1,"conditional":[{"columnSpan":3}]}},)"
+        R"("textStyles":{"t":{"fontSize":9,"conditional":[{"fontSize":10}]}},)"
+        R"("componentTextStyles":{"c":{"fontSize":9,"conditional":[{"fontSize":10}]}},)"
+        R"("componentStyles":{"plain":{"opacity":0.5,"conditional":[{"opacity":1,"conditions":[{"platform":"macos"}]}]}},)");
+    const PageContext& context = fixture.context;
+
+    const auto layout = resolveLayout(readRecord<StyleRef<ComponentLayout>>(R"("l")"), context);
+    ASSERT_TRUE(layout);
+    EXPECT_EQ(layout->columnSpan, 3);
+    EXPECT_TRUE(layout->margin);
+    EXPECT_EQ(resolveTextStyle(readRecord<StyleRef<TextStyle>>(R"("t")"), context)->fontSize, 10);
+    EXPECT_EQ(resolveTextStyleNamed("t", context)->fontSize, 10);
+    EXPECT_EQ(applyVariants(*context.article.textStyles->at("t"), context.environment).fontSize, 10);
+    EXPECT_EQ(applyVariants(context.article.componentTextStyles->at("c"), context.environment)->fontSize, 10);
+    // The caption styles of galleries and tables are taken as they stand.
+    EXPECT_EQ(
+        resolveComponentTextStyleRef(readRecord<StyleRef<ComponentTextStyle>>(R"("c")"), context)->fontSize,
+        9);
+
+    // What no variant changes is the article's own block.
+    const auto plain = resolveComponentStyle(readRecord<StyleReference>(R"("plain")"), context);
+    EXPECT_TRUE(plain.isIdentical(fixture.article.componentStyles->at("plain").handle()));
+
+    EXPECT_FALSE(resolveLayout(std::nullopt, context));
+    EXPECT_FALSE(resolveLayout(readRecord<StyleRef<ComponentLayout>>(R"("L")"), context));
+    EXPECT_FALSE(resolveComponentStyle(readRecord<StyleReference>(R"("other")"), context));
+    EXPECT_FALSE(resolveTextStyleNamed("c", context));
+    EXPECT_FALSE(resolveTextStyleNamed("t", Fixture("").context));
+}
+
+TEST(Conditions, componentsTakeTheFieldsOfTheirVariants) {
+    const auto component = readRecord<Component>(
+        R"({"role":"body","text":"t","hidden":false,"accessibilityCaption":"a","style":"s","conditional":[)"
+        R"({"hidden":true,"anchor":{"targetAnchorPosition":"top"},"animation":{"type":"fade_in"},)"
+        R"("behavior":{"type":"parallax"},"scene":{"type":"x"},"contentDisplay":{"type":"collection"},)"
+        R"("layout":"l","textStyle":"ts","text":"never"},)"
+        R"({"hidden":false,"style":"s2","conditions":[{"preferredColorScheme":"dark"}]},)"
+        R"({"accessibilityCaption":"b"}]})");
+    std::optional<Component> copy;
+    const Component& resolved = resolveComponent(component, phone(), copy);
+    EXPECT_EQ(&resolved, &*copy);
+    EXPECT_EQ(resolved.id, component.id);
+    EXPECT_EQ(resolved.hidden, true);
+    EXPECT_EQ(resolved.text, "t");
+    EXPECT_EQ(resolved.accessibilityCaption, "b");
+    EXPECT_EQ(*resolved.style->named(), "s");
+    EXPECT_TRUE(resolved.anchor && resolved.animation && resolved.behavior && resolved.scene &&
+                resolved.contentDisplay && resolved.layout && resolved.textStyle);
+
+    const Component& inTheDark = resolveComponent(component, phone(PreviewAppearance::dark), copy);
+    EXPECT_EQ(inTheDark.hidden, false);
+    EXPECT_EQ(*inTheDark.style->named(), "s2");
+
+    const auto unchanged = readRecord<Component>(
+        R"({"role":"body","conditional":[{"hidden":true,"conditions":[{"platform":"macos"}]}]})");
+    EXPECT_EQ(&resolveComponent(unchanged, phone(), copy), &unchanged);
+    EXPECT_FALSE(copy);
+}
+
+TEST(Conditions, darkComponentStyles) {
+    struct Case {
+        const char* style;
+        const char* css; ///< null for no dark style
+    };
+    constexpr Case cases[] = {
+        {R"("missing")", nullptr},
+        {R"({"opacity":1})", nullptr},
+        {R"({"opacity":1,"conditional":[{"opacity":0.5},{"opacity":0.4,"conditions":[]},{"opacity":0.3,"conditions":[{"preferredColorScheme":"any"}]}]})",
+         nullptr},
+        {R"({"backgroundColor":"a","conditional":[{"opacity":0.5,"conditions":[{"preferredColorScheme":"dark"}]}]})",
+         "opacity: 0.5;"},
+        // One condition that asks for dark is enough, whatever else is asked.
+        {R"({"conditional":[{"opacity":0.5,"conditions":[{"platform":"macos"},{"preferredColorScheme":"dark","minViewportWidth":9999}]}]})",
+         "opacity: 0.5;"},
+        {R"({"conditional":[{"opacity":0.5,"backgroundColor":"b","conditions":[{"preferredColorScheme":"dark"}]},)"
+         R"({"opacity":0.7},{"opacity":0.6,"conditions":[{"preferredColorScheme":"dark"}]}]})",
+         "background-color: b;opacity: 0.6;"},
+        {R"({"conditional":[{"conditions":[{"preferredColorScheme":"dark"}]}]})", ""},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(test.style);
+        Fixture fixture("");
+        const auto dark = darkComponentStyle(readRecord<StyleReference>(test.style), fixture.context);
+        ASSERT_EQ(dark.has_value(), test.css != nullptr);
+        if (dark) {
+            EXPECT_EQ(cssOf(*dark), test.css);
+            EXPECT_FALSE(dark->conditional);
+        }
+    }
+    EXPECT_FALSE(darkComponentStyle(std::nullopt, Fixture("").context));
+}
+
+TEST(Conditions, darkTextStylesCascade) {
+    const std::string dark = R"("conditions":[{"preferredColorScheme":"dark"}])";
+    Fixture fixture(
+        R"("componentTextStyles":{)"
+        R"("default":{"fontSize":1,"conditional":[{"textColor":"a","fontStyle":"a","fontWidth":"a",)" +
+        dark + R"(}]},"default-heading1":{"conditional":[{"textColor":"b","fontStyle":"b",)" + dark +
+        R"(}]},"own":{"conditional":[{"textColor":"c",)" + dark + R"(},{"fontStyle":"z"}]}},)");
+    const auto darkOf = [&](const char* json) {
+        return darkComponentTextStyle(readRecord<Component>(json), fixture.context);
+    };
+    const auto heading = darkOf(R"({"role":"heading1","textStyle":"own"})");
+    ASSERT_TRUE(heading);
+    EXPECT_EQ(heading->textColor, "c");
+    EXPECT_EQ(heading->fontStyle, "b");
+    EXPECT_EQ(heading->fontWidth, "a");
+    EXPECT_FALSE(heading->fontSize);
+    EXPECT_EQ(darkOf(R"({"role":"body"})")->textColor, "a");
+    EXPECT_EQ(darkOf(R"({"role":"body","textStyle":"unknown"})")->textColor, "a");
+    EXPECT_EQ(
+        darkOf(
+            R"({"role":"body","textStyle":{"conditional":[{"textColor":"i","conditions":[{"preferredColorScheme":"dark"}]}]}})")
+            ->textColor,
+        "i");
+
+    EXPECT_FALSE(darkComponentTextStyle(readRecord<Component>(R"({"role":"body"})"), Fixture("").context));
+    Fixture light(R"("componentTextStyles":{"default":{"conditional":[{"textColor":"a"}]}},)");
+    EXPECT_FALSE(darkComponentTextStyle(readRecord<Component>(R"({"role":"body"})"), light.context));
+}
+
+TEST(DarkModeCSS, rulesAreNumberedInTheirOrder) {
+    EXPECT_EQ(importantDeclarations(""), "");
+    EXPECT_EQ(importantDeclarations(";;"), "");
+    EXPECT_EQ(importantDeclarations("a: b;c: url('x;y');"),
+              "a: b !important;c: url('x !important;y') !important;");
+    EXPECT_EQ(importantDeclarations("a: b"), "a: b !important;");
+
+    DarkModeCSS dark;
+    EXPECT_EQ(darkRuleBlock(dark), "");
+    EXPECT_EQ(darkClass("opacity: 0.5;", dark), " dk1");
+    EXPECT_EQ(darkClass("", dark), "");
+    EXPECT_EQ(registerDarkRule("", dark), "");
+    EXPECT_EQ(registerDarkRule("a: b;", dark), "dk2");
+    EXPECT_EQ(dark.counter, 2);
+    EXPECT_EQ(darkRuleBlock(dark),
+              "@media (prefers-color-scheme: dark){.dk1{opacity: 0.5 !important;}.dk2{a: b;}}");
+}
+
+} // namespace
+} // namespace quillon::HTMLRenderer
