@@ -57,15 +57,13 @@ public:
         return m_next != before;
     }
 
-    RunLook look() const {
-        RunLook look;
+    /// Sets `look` to that of the current position.
+    void read(RunLook& look) const {
+        look.css.clear();
         for (const size_t index : m_styling) {
             look.css += m_ranges[index].css;
         }
-        if (!m_linking.empty()) {
-            look.link = &*m_ranges[*m_linking.rbegin()].href;
-        }
-        return look;
+        look.link = m_linking.empty() ? nullptr : &*m_ranges[*m_linking.rbegin()].href;
     }
 
 private:
@@ -121,6 +119,15 @@ struct Place {
     int64_t position;  ///< characters, from the start of the whole text
 };
 
+/// Whether the byte at `offset` is a character by itself for sure: between two ASCII bytes only CR LF joins.
+bool isAloneAt(std::string_view text, size_t offset) {
+    const auto isAscii = [](char byte) {
+        return static_cast<unsigned char>(byte) < 0x80;
+    };
+    return offset + 1 < text.size() && isAscii(text[offset]) && isAscii(text[offset + 1]) &&
+           text[offset] != '\r';
+}
+
 /// Goes on to the next change, or to the end of the paragraph.
 void advance(Place& place, std::string_view paragraph, const RangeSweep& ranges) {
     const std::string_view rest = paragraph.substr(place.offset);
@@ -131,8 +138,10 @@ void advance(Place& place, std::string_view paragraph, const RangeSweep& ranges)
         place.offset = paragraph.size();
         return;
     }
-    while (place.offset < paragraph.size() && place.position < ranges.nextChange()) {
-        place.offset = nextCharacter(paragraph, place.offset);
+    const int64_t change = ranges.nextChange();
+    while (place.offset < paragraph.size() && place.position < change) {
+        place.offset =
+            isAloneAt(paragraph, place.offset) ? place.offset + 1 : nextCharacter(paragraph, place.offset);
         ++place.position;
     }
 }
@@ -141,7 +150,9 @@ void advance(Place& place, std::string_view paragraph, const RangeSweep& ranges)
 int64_t renderStyledCharacters(std::string& out, std::string_view paragraph, int64_t base,
                                RangeSweep& ranges) {
     ranges.moveTo(base);
-    RunLook look = ranges.look();
+    RunLook look;
+    RunLook next;
+    ranges.read(look);
     size_t runBegin = 0;
     Place place{0, base};
     while (place.offset < paragraph.size()) {
@@ -149,9 +160,10 @@ int64_t renderStyledCharacters(std::string& out, std::string_view paragraph, int
         if (place.offset == paragraph.size() || !ranges.moveTo(place.position)) {
             continue;
         }
-        if (RunLook next = ranges.look(); next != look) {
+        ranges.read(next);
+        if (next != look) {
             writeRun(out, paragraph.substr(runBegin, place.offset - runBegin), look);
-            look = std::move(next);
+            std::swap(look, next);
             runBegin = place.offset;
         }
     }

@@ -83,7 +83,7 @@ TEST(Cli, failuresNameTheFileAndTheSpot) {
          1,
          scratch.path("bad") + "/article.json: " + badMessage},
         {{"check", scratch.path("empty")}, 1, scratch.path("empty") + ": no article.json in this folder"},
-        {{"check", scratch.path("missing")}, 1, scratch.path("missing") + ": no such file or directory"},
+        {{"check", scratch.path("missing")}, 1, scratch.path("missing") + ": no such file or folder"},
         {{"check", scratch.path("empty/readme")},
          1,
          scratch.path("empty/readme") + ": line 1, column 1: expected a value, found the end of the text"},

@@ -8,7 +8,6 @@ namespace {
 
 using enum PreviewAppearance;
 using testing::HasSubstr;
-using testing::Not;
 using testing::StartsWith;
 
 /// Each run of white space as one blank, so that the sheet's own line breaks do not count.
