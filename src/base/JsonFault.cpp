@@ -1,5 +1,7 @@
 #include "base/JsonFault.h"
 
+#include "base/Numbers.h"
+
 #include <charconv>
 #include <vector>
 
@@ -11,8 +13,9 @@ namespace {
 class FaultFinder {
 public:
     explicit FaultFinder(std::string_view text) : m_text(text) {
-        if (m_text.starts_with("\xEF\xBB\xBF")) {
-            m_at = 3;
+        constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+        if (m_text.starts_with(byteOrderMark)) {
+            m_text.remove_prefix(byteOrderMark.size()); // nobody counts it as a column
         }
     }
 
@@ -32,13 +35,14 @@ private:
             skipBlanks();
             if (valueDue) {
                 if (peek() == '{' || peek() == '[') {
-                    if (open.size() == JsonText::maximumDepth) {
-                        return fail("at most 512 levels of nesting", "one more");
-                    }
+                    const size_t start = m_at;
                     const bool isObject = m_text[m_at++] == '{';
                     skipBlanks();
                     if (peek() == (isObject ? '}' : ']')) {
                         ++m_at;
+                    } else if (open.size() == JsonText::maximumDepth) {
+                        m_at = start;
+                        return fail("at most 512 levels of nesting", "one more");
                     } else {
                         open.push_back(isObject);
                         if (isObject && !key()) {
@@ -131,10 +135,7 @@ private:
                 return false;
             }
         }
-        double value = 0;
-        const auto [end, error] = std::from_chars(m_text.data() + start, m_text.data() + m_at, value);
-        const bool isTooLarge = error == std::errc::result_out_of_range && (value > 1 || value < -1);
-        if (isTooLarge) {
+        if (!parseDouble(m_text.substr(start, m_at - start))) {
             const std::string found(m_text.substr(start, std::min<size_t>(m_at - start, 40)));
             m_at = start;
             return fail("a number within the range of 64-bit floats", found);

@@ -84,7 +84,7 @@ private:
 /// A JSON text (RFC 8259), read whole and checked to its last byte.
 class JsonText {
 public:
-    /// How deep lists and objects may stand in each other.
+    /// How deep lists and objects that hold something may stand in each other.
     static constexpr size_t maximumDepth = 512;
 
     /// Reads UTF-8 `text`, with or without a byte order mark. Whole numbers beyond 64 bits read as the

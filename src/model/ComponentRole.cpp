@@ -91,7 +91,9 @@ ComponentRole ComponentRole::fromRawValue(std::string_view rawValue) {
         return found->second;
     }
     ComponentRole role(other);
-    role.m_otherText = std::string(rawValue);
+    if (!rawValue.empty()) {
+        role.m_otherText = std::string(rawValue);
+    }
     return role;
 }
 

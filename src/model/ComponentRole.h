@@ -91,7 +91,7 @@ public:
 
 private:
     Case m_case;
-    Optional<std::string> m_otherText; ///< with `other` alone
+    Optional<std::string> m_otherText; ///< with `other` alone; absent for the empty text
 };
 
 bool readValue(JsonElement element, ComponentRole& value, ReadFailure& failure);

@@ -169,7 +169,10 @@ Components moveComponent(const Uuid& id, std::optional<Uuid> parent, int64_t ind
     if (!parent) {
         return inserted(extracted->rest, extracted->component, index);
     }
-    // What left the list with the component, itself included, is not found in the rest.
+    const Component& moved = *extracted->component;
+    if (*parent == id || (moved.components && findComponent(*parent, *moved.components))) {
+        return list;
+    }
     const Component* target = findComponent(*parent, extracted->rest);
     if (!target || !target->role.isContainer()) {
         return list;

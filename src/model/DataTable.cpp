@@ -50,7 +50,7 @@ std::string RecordValue::displayText() const {
         return *text;
     }
     if (const auto* number = std::get_if<double>(&form)) {
-        return numberText(*number);
+        return numberText(*number + 0.0); // adding zero takes the sign off a minus zero
     }
     if (const auto* flag = std::get_if<bool>(&form)) {
         return *flag ? "true" : "false";

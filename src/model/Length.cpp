@@ -36,7 +36,7 @@ std::optional<std::string> ANFLength::plainLengthCSS() const {
     if (!number) {
         return std::nullopt;
     }
-    return numberText(*number) + "px";
+    return numberText(*number + 0.0) + "px"; // adding zero takes the sign off a minus zero
 }
 
 bool readValue(JsonElement element, ANFLength& value, ReadFailure& failure) {

@@ -6,20 +6,26 @@ namespace quillon {
 
 namespace {
 
+constexpr size_t longestKey = 80; ///< bytes of a key in a message
+
 bool isPlainKey(std::string_view key) {
-    return !key.empty() && std::all_of(key.begin(), key.end(), [](char c) {
+    return !key.empty() && key.size() <= longestKey && std::all_of(key.begin(), key.end(), [](char c) {
         return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_' ||
                c == '-';
     });
 }
 
-/// `key` between quotes, with what would break the message's one line written as "?".
+/// `key` between quotes, with what would break the message's one line written as "?" and a long key cut.
 std::string quoted(std::string_view key) {
+    size_t size = std::min(key.size(), longestKey);
+    while (size < key.size() && (static_cast<unsigned char>(key[size]) & 0xC0) == 0x80) {
+        --size; // not within a character
+    }
     std::string text = "[\"";
-    for (const char c : key.substr(0, 80)) {
+    for (const char c : key.substr(0, size)) {
         text += static_cast<unsigned char>(c) < 0x20 || c == 0x7F ? '?' : c;
     }
-    return text + "\"]";
+    return text + (size < key.size() ? "…" : "") + "\"]";
 }
 
 } // namespace
