@@ -2,11 +2,13 @@
 
 #include "package/PackageFile.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <filesystem>
-#include <fstream>
-#include <iostream>
-#include <iterator>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace quillon::cli {
 
@@ -14,26 +16,39 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Result<std::string> readStream(std::istream& stream, const std::string& name) {
-    std::string text{std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
-    if (stream.bad()) {
-        return failed(name + ": " + systemErrorText(errno));
+/// All that can be read from an open file.
+Result<std::string> readAll(int file, const std::string& name) {
+    constexpr size_t smallestRead = 64 * 1024;
+    std::string text;
+    size_t size = 0;
+    struct ::stat status {};
+    if (::fstat(file, &status) == 0 && status.st_size > 0) {
+        text.reserve(static_cast<size_t>(status.st_size) + 64);
     }
-    return text;
+    while (true) {
+        text.resize(std::max(text.capacity(), size + smallestRead));
+        const ssize_t count = ::read(file, text.data() + size, text.size() - size);
+        if (count < 0 && errno != EINTR) {
+            return failed(name + ": " + systemErrorText(errno));
+        }
+        if (count == 0) {
+            text.resize(size);
+            return text;
+        }
+        size += count < 0 ? 0 : static_cast<size_t>(count);
+    }
 }
 
 Result<ArticleDocument> readLoneArticle(const std::string& path) {
     const bool isStandardInput = path == "-";
     const std::string name = isStandardInput ? "standard input" : path;
-    Result<std::string> text;
-    if (isStandardInput) {
-        text = readStream(std::cin, name);
-    } else {
-        std::ifstream file(path, std::ios::binary);
-        if (!file) {
-            return failed(name + ": " + systemErrorText(errno));
-        }
-        text = readStream(file, name);
+    const int file = isStandardInput ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) {
+        return failed(name + ": " + systemErrorText(errno));
+    }
+    auto text = readAll(file, name);
+    if (!isStandardInput) {
+        ::close(file);
     }
     if (!text) {
         return unexpected(text.error());

@@ -90,7 +90,7 @@ void escapedDeclaration(std::string& out, std::string_view property, const Optio
 void lengthDeclaration(std::string& out, std::string_view property, const Optional<ANFLength>* length) {
     if (const auto css = length ? (*length)->plainLengthCSS() : std::nullopt) {
         out += property;
-        out += *css;
+        escapeHTML(out, *css); // any text that ends in a unit is a length
         out += ';';
     }
 }
@@ -178,7 +178,7 @@ void rowCSS(std::string& out, const RowLook& look) {
 void cellCSS(std::string& out, const CellLook& look, const PageContext& context) {
     escapedDeclaration(out, "background-color: ", look.backgroundColor);
     out += "padding: ";
-    out += look.padding ? (*look.padding)->paddingCSS() : "8px";
+    escapeHTML(out, look.padding ? (*look.padding)->paddingCSS() : "8px");
     out += ';';
     escapedDeclaration(out, "text-align: ", look.horizontalAlignment);
     if (look.verticalAlignment && **look.verticalAlignment == "center") {

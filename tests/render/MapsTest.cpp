@@ -1,5 +1,6 @@
 #include "render/Maps.h"
 #include "base/JsonWriter.h"
+#include "render/Page.h"
 #include "render/PageFixture.h"
 #include "render/ReadRecord.h"
 
@@ -95,6 +96,7 @@ TEST(Maps, fallbackLink) {
         {urlMember("http://www.maps.apple.com"), "http://www.maps.apple.com"},
         {urlMember("https://amaps.apple.com/?ll=7,8"), "https://maps.apple.com/?ll=7,8&q=Place"},
         {std::string(somewhere), "https://maps.apple.com/?ll=1.5,-2&q=Place"},
+        {urlMember("javascript://maps.apple.com/%0aalert(1)"), std::nullopt},
         {std::string(somewhere) + R"(,"caption":"")", "https://maps.apple.com/?ll=1.5,-2&q=Place"},
         {std::string(somewhere) + R"(,"caption":"A & B=c+ü/\"?#%")",
          "https://maps.apple.com/?ll=1.5,-2&q=A%20%26%20B%3Dc+%C3%BC/%22?%23%25"},
@@ -262,6 +264,8 @@ TEST(Maps, messagesAboutTheToken) {
     }
     PreviewEnvironment bare;
     EXPECT_EQ(validateMapsToken(placeOf(""), bare, now), std::nullopt);
+    EXPECT_EQ(validateMapsToken(placeOf(urlMember("https://embed.apple-mapkit.com/v1/embed")), bare, now),
+              missing);
     EXPECT_EQ(validateMapsToken(placeOf(R"(,"latitude":1)"), bare, now), std::nullopt);
     EXPECT_EQ(validateMapsToken(placeOf(R"(,"mapsToken":"")" + std::string(somewhere)), bare, now),
               undecoded);
@@ -287,6 +291,8 @@ TEST(Maps, addressOfTheFrame) {
         {R"({"role":"place","placeID":7,"placeId":"")" + here + "}", "t", frame + "1200&token=t"},
         {R"({"role":"place")" + here + "}", "", std::nullopt},
         {R"({"role":"place"})", "t", std::nullopt},
+        {R"({"role":"place","URL":"javascript://embed.apple-mapkit.com/%0aalert","latitude":1.5,"longitude":-2})",
+         "t", frame + "1200&token=t"},
         {R"({"role":"place","URL":" https://Embed.apple-mapkit.com/x ","latitude":1.5,"longitude":-2})", "t",
          "https://Embed.apple-mapkit.com/x"},
         {R"({"role":"place","URL":"http://my-embed.apple-mapkit.com"})", "t",
@@ -337,6 +343,15 @@ TEST(Maps, whatStandsInThePage) {
     EXPECT_EQ(rendered(place(R"(,"URL":" x ","caption":"C")")),
               "<div class=\"embed-placeholder\">\n<div class=\"embed-title\">Place</div>\n<div "
               "class=\"embed-detail\">x · C</div>\n</div>");
+}
+
+TEST(Maps, theTimeOfThePageDecidesWhatHasExpired) {
+    const ArticleDocument article = articleOf(place(
+        R"(,"token":")" + tokenOf(R"({"exp":1000,"origin":"p.example"})") + "\"" + std::string(somewhere)));
+    PreviewEnvironment environment = wideEnvironment();
+    environment.mapsEmbedOrigin = "https://p.example";
+    EXPECT_EQ(renderPage(article, environment, 1000).find(expired), std::string::npos);
+    EXPECT_NE(renderPage(article, environment, 1001).find(expired), std::string::npos);
 }
 
 TEST(Maps, longAddressesAndTokens) {

@@ -40,6 +40,9 @@ std::string linkedPlaceholder(std::string_view title, const std::string& url, co
 
 TEST(Media, playersOfThePage) {
     expectFragments({
+        {R"({"role":"audio","URL":"bundle://a","caption":""})",
+         "<figure class=\"media\"><audio class=\"media-audio\" controls "
+         "src=\"bundle://a\"></audio></figure>\n"},
         {R"({"role":"video","URL":" https://a.example/1.mp4?a&b\n","stillURL":"bundle://s\"t.jpg"})",
          "<figure class=\"media\"><video class=\"media-video\" controls playsinline "
          "poster=\"bundle://s&quot;t.jpg\" src=\"https://a.example/1.mp4?a&amp;b\"></video></figure>\n"},

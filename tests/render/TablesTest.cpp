@@ -127,6 +127,8 @@ TEST(Tables, declarationsOfACell) {
         {R"("cells":{"padding":0,"verticalAlignment":"top","minimumWidth":"auto","textStyle":{"textColor":"c"}})",
          "padding: 0px;vertical-align: top;color: c;"},
         {R"("cells":{"padding":"auto","textStyle":"unknown"})", "padding: 0;"},
+        {R"("cells":{"padding":"\"><b>1px","minimumWidth":"\"><i>2em"})",
+         "padding: &quot;&gt;&lt;b&gt;1px;min-width: &quot;&gt;&lt;i&gt;2em;"},
         // Backgrounds: the cell's, the row's, the column's
         {R"("cells":{"backgroundColor":"1"},"rows":{"backgroundColor":"2"},"columns":{"backgroundColor":"3"})",
          "background-color: 1;padding: 8px;"},
@@ -150,9 +152,14 @@ TEST(Tables, declarationsOfACell) {
     };
     for (const auto& test : cases) {
         SCOPED_TRACE(test.style);
-        EXPECT_EQ(onlyCellStyle(test.style, R"(,"componentTextStyles":{"big":{"fontSize":30}})"),
+        // The conditions of a cell's text style are left out.
+        EXPECT_EQ(onlyCellStyle(test.style, R"(,"componentTextStyles":{"big":{"fontSize":30,)"
+                                            R"("conditional":[{"textColor":"blue"}]}})"),
                   test.expected);
     }
+    const std::string row =
+        fragmentOf(tableJson(R"({"key":"a"})", "{}", tableStyleMember(R"("rows":{"height":"\"><b>1px"})")));
+    EXPECT_NE(row.find("<tr style=\"height: &quot;&gt;&lt;b&gt;1px;\">"), std::string::npos) << row;
 }
 
 /// A variant in the styles of cells, rows and columns, chosen by `selectors`, the inside of their list.
@@ -237,7 +244,10 @@ TEST(Tables, selectorsOfRowsAndColumns) {
         "," + variant("", R"("backgroundColor":"never")") + "]}," +
         R"("columns":{"divider":{"color":"c"},"conditional":[)" +
         variant(R"({"columnIndex":0,"odd":true})", R"("divider":{"color":"first"})") + "," +
-        variant(R"({"descriptor":"B","even":true})", R"("divider":{"color":"B"})") + "]}," +
+        variant(R"({"descriptor":"B","even":true})", R"("divider":{"color":"B"})") + "," +
+        variant(R"({"columnIndex":1,"odd":true})", R"("divider":{"color":"never"})") + "]}," +
+        R"("headerColumns":{"conditional":[)" +
+        variant(R"({"columnIndex":1})", R"("backgroundColor":"h","divider":{"color":"h"})") + "]}," +
         R"("headerRows":{"conditional":[)" + variant(R"({"rowIndex":0})", R"("height":7)") + "]}," +
         R"("headerCells":{"conditional":[)" + variant(R"({"rowIndex":0})", R"("padding":1)") + "]}," +
         R"("cells":{"conditional":[)" + variant(R"({"rowIndex":0,"columnIndex":2})", R"("padding":2)") + "]}";
@@ -252,9 +262,11 @@ TEST(Tables, selectorsOfRowsAndColumns) {
         return html + "border-right: 1px solid " + std::string(right) + ";\"></td>";
     };
     const std::string header = "<th style=\"padding: 1px;\"></th>";
+    const std::string second =
+        "<th style=\"background-color: h;padding: 1px;border-right: 1px solid h;\"></th>";
     EXPECT_EQ(fragmentOf(tableJson(columns, "{},{},{}",
                                    R"(,"showDescriptorLabels":true)" + tableStyleMember(style))),
-              page("<tr style=\"height: 7px;\">" + header + header + header + "</tr>\n" +
+              page("<tr style=\"height: 7px;\">" + header + second + header + "</tr>\n" +
                    "<tr style=\"height: 1px;\">" + cell("r", "8", "", "first") + cell("r", "8", "", "B") +
                    cell("r", "2", "", "c") + "</tr>\n" + "<tr style=\"height: 2vh;\">" +
                    cell("even", "8", "", "first") + cell("even", "8", "", "B") + cell("even", "8", "", "c") +
