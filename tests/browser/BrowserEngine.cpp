@@ -1,6 +1,7 @@
 #include "browser/BrowserEngine.h"
 
 #include <QApplication>
+#include <QLoggingCategory>
 #include <QWebEngineUrlScheme>
 
 #include <unistd.h>
@@ -31,6 +32,8 @@ BrowserEngine::BrowserEngine(int& argc, char** argv, EngineScheme scheme) {
         qputenv("QTWEBENGINE_CHROMIUM_FLAGS",
                 qgetenv("QTWEBENGINE_CHROMIUM_FLAGS").append(" --force-dark-mode"));
     }
+    // Tells at length that there is no graphics card.
+    QLoggingCategory::setFilterRules("qt.webenginecontext=false");
     registerBundleScheme();
     m_application = std::make_unique<QApplication>(argc, argv);
 }

@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QImage>
 #include <QMimeDatabase>
+#include <QPainter>
 #include <QPixmap>
 #include <QRegularExpression>
 #include <QTimer>
@@ -28,8 +29,7 @@ using namespace std::chrono_literals;
 
 constexpr auto longestLoad = 60s;
 constexpr auto longestScript = 20s;
-constexpr auto paintPause = 120ms;   ///< from the frame that is ready to the window that shows it
-constexpr int highestWindow = 16000; ///< pixels
+constexpr auto paintPause = 120ms; ///< from the frame that is ready to the window that shows it
 
 /// Runs the event loop until `start` has called what it is given, or the time is over. A call that comes
 /// later does no harm.
@@ -194,18 +194,26 @@ void BrowserPage::settle() {
     pause(paintPause);
 }
 
-void BrowserPage::growToPage() {
-    const int height = std::stoi(run("document.documentElement.scrollHeight"));
-    m_parts->view.resize(m_parts->view.width(), std::clamp(height, m_parts->view.height(), highestWindow));
-    settle();
-}
-
 std::string BrowserPage::colorAt(int x, int y) {
     return m_parts->view.grab().toImage().pixelColor(x, y).name().toStdString();
 }
 
 bool BrowserPage::savePicture(const std::string& path) {
     return m_parts->view.grab().save(QString::fromStdString(path), "PNG");
+}
+
+bool BrowserPage::saveWholePage(const std::string& path) {
+    const int step = m_parts->view.height();
+    const int height = std::max(step, std::stoi(run("document.documentElement.scrollHeight")));
+    QImage whole(m_parts->view.width(), height, QImage::Format_RGB32);
+    QPainter painter(&whole);
+    for (int top = 0; top < height; top += step) {
+        const int reached = std::stoi(run("(scrollTo(0, " + std::to_string(top) + "), Math.round(scrollY))"));
+        settle();
+        painter.drawPixmap(0, reached, m_parts->view.grab());
+    }
+    painter.end();
+    return whole.save(QString::fromStdString(path), "PNG");
 }
 
 const std::vector<std::string>& BrowserPage::scriptErrors() const {

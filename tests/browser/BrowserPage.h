@@ -28,12 +28,13 @@ public:
 
     /// Takes all animations to their end and waits until the page has been painted.
     void settle();
-    /// Makes the window as high as the page, up to what the engine can paint.
-    void growToPage();
     /// The colour of a pixel of the window, as "#rrggbb".
     std::string colorAt(int x, int y);
     /// Writes what the window shows as PNG; false when that fails.
     bool savePicture(const std::string& path);
+    /// The same for the whole length of the page, joined from one window after the other, so that lengths
+    /// that follow the window's height stay as they are; what sticks to the window is seen in each.
+    bool saveWholePage(const std::string& path);
 
     /// What scripts threw and reported as errors, with the line of each.
     const std::vector<std::string>& scriptErrors() const;

@@ -39,13 +39,10 @@ int take(const Shot& shot) {
         return 1;
     }
     page.settle();
-    if (shot.isWholePage) {
-        page.growToPage();
-    }
     for (const std::string& error : page.scriptErrors()) {
         std::cerr << error << "\n";
     }
-    if (!page.savePicture(shot.picture)) {
+    if (!(shot.isWholePage ? page.saveWholePage(shot.picture) : page.savePicture(shot.picture))) {
         std::cerr << shot.picture << ": cannot be written\n";
         return 1;
     }
