@@ -172,6 +172,26 @@ TEST(PageLook, layoutsPlaceComponentsInTheGrid) {
     EXPECT_EQ(page.run("document.documentElement.scrollWidth"), "1180");
 }
 
+TEST(PageLook, aNarrowWindowFoldsTheGrid) {
+    BrowserPage page(393, 852);
+    const ArticleDocument article = articleOf(
+        R"({"role":"body","identifier":"late","text":"t","layout":{"columnStart":3,"columnSpan":1}},
+           {"role":"body","identifier":"long","text":"t","layout":{"columnStart":0,"columnSpan":4,
+                "margin":100}})");
+    const auto phone =
+        previewEnvironment(PreviewDevice::iPhone, PreviewOrientation::portrait, 0, std::nullopt);
+    ASSERT_TRUE(page.load(HTMLRenderer::renderPage(article, phone, 0)));
+    // 1000 points in 393: 4 columns fold into 2, and margins of 50 and gutters of 20 shrink with the window.
+    expectLooks(page, {{".anf", "column-gap", "7.86px"},
+                       {".anf", "padding-left", "19.65px"},
+                       {"#long", "margin-top", "39.3px"}});
+    EXPECT_EQ(page.run("getComputedStyle(document.querySelector('.anf')).gridTemplateColumns.split(' ')"
+                       ".map(width => Math.round(parseFloat(width)))"),
+              "[173,173]");
+    EXPECT_EQ(page.run("document.querySelector('#late').offsetLeft > 173"), "true");
+    EXPECT_EQ(page.run("document.documentElement.scrollWidth"), "393");
+}
+
 /// The text of a picture's address takes its place, in the article's own form.
 TEST(PageLook, aPictureThatDoesNotComeGivesWayToAPlaceholder) {
     BrowserPage page(1180, 820);
@@ -205,16 +225,14 @@ TEST(PageLook, anchorsLayChildrenOverTheirContainer) {
     expectLooks(page, {{"#bottom", "position", "absolute"}, {"#flow", "position", "static"}});
 }
 
-/// The first child stays at the window's top while its container scrolls by, where the container is no grid:
-/// an item of a grid never leaves its own row.
+/// The first child stays at the window's top while its container scrolls by.
 TEST(PageLook, theHeaderOfAFadingSceneSticks) {
     BrowserPage page(1180, 820);
     const std::string scene = R"("scene":{"type":"fading_sticky_header","fadeColor":"#FF0000"},)"
                               R"("components":[{"role":"title","text":"Head"},{"role":"body","text":"a",)"
                               R"("layout":{"minimumHeight":600}},{"role":"body","text":"b",)"
                               R"("layout":{"minimumHeight":2000}}])";
-    show(page,
-         R"({"role":"section","identifier":"scene","contentDisplay":{"type":"collection"},)" + scene + "}");
+    show(page, R"({"role":"section","identifier":"scene",)" + scene + "}");
     const std::string head = "#scene .scene-fading-sticky-header > .component";
     expectLooks(page, {{head, "position", "sticky"}, {head, "z-index", "1"}});
     EXPECT_EQ(page.run("getComputedStyle(document.querySelector('" + head + "'), '::after').backgroundColor"),
