@@ -23,4 +23,15 @@ void appendShortest(std::string& out, double value);
 /// The text that `appendShortest` appends.
 std::string numberText(double value);
 
+/// The value of a hexadecimal digit in either case; -1 for any other character.
+constexpr int hexadecimalValue(char digit) {
+    if (digit >= '0' && digit <= '9') {
+        return digit - '0';
+    }
+    if (digit >= 'a' && digit <= 'f') {
+        return digit - 'a' + 10;
+    }
+    return digit >= 'A' && digit <= 'F' ? digit - 'A' + 10 : -1;
+}
+
 } // namespace quillon

@@ -1,5 +1,6 @@
 #include "base/Url.h"
 
+#include "base/Numbers.h"
 #include "base/UnicodeText.h"
 
 #include <boost/url/parse.hpp>
@@ -22,19 +23,6 @@ constexpr std::string_view allowedInQueryItem = "!$'()*+,;:@/?";
 
 std::string written(urls::string_view view) {
     return {view.data(), view.size()};
-}
-
-int hexadecimalValue(char digit) {
-    if (digit >= '0' && digit <= '9') {
-        return digit - '0';
-    }
-    if (digit >= 'a' && digit <= 'f') {
-        return digit - 'a' + 10;
-    }
-    if (digit >= 'A' && digit <= 'F') {
-        return digit - 'A' + 10;
-    }
-    return -1;
 }
 
 bool isLetterOrNumeral(char c) {

@@ -1,5 +1,7 @@
 #include "base/Uuid.h"
 
+#include "base/Numbers.h"
+
 #include <array>
 #include <atomic>
 #include <bit>
@@ -17,19 +19,6 @@ constexpr std::size_t writtenLength = 36;
 
 constexpr bool isHyphenPlace(std::size_t index) {
     return index == 8 || index == 13 || index == 18 || index == 23;
-}
-
-constexpr int hexadecimalValue(char digit) {
-    if (digit >= '0' && digit <= '9') {
-        return digit - '0';
-    }
-    if (digit >= 'a' && digit <= 'f') {
-        return digit - 'a' + 10;
-    }
-    if (digit >= 'A' && digit <= 'F') {
-        return digit - 'A' + 10;
-    }
-    return -1;
 }
 
 /// Counts the forks that lie between this process and the first one, so that a child seeds anew.

@@ -5,6 +5,7 @@
 #include "render/Conditions.h"
 #include "render/EmbedPlaceholder.h"
 #include "render/EscapeHtml.h"
+#include "render/MediaParts.h"
 #include "render/StyleAttribute.h"
 #include "render/UsableUrl.h"
 
@@ -28,7 +29,7 @@ bool namesImageFile(std::string_view url) {
 }
 
 void renderReplica(std::string& out, const Component& component, const PageContext& context) {
-    const std::string_view url = component.URL ? trimmed(*component.URL) : std::string_view();
+    const std::string_view url = trimmedURL(component.URL);
     if (!isUsableURL(url) || !namesImageFile(url)) {
         renderEmbedPlaceholder(out, "Replica Ad", url);
         return;

@@ -57,8 +57,13 @@ void placedImageCSS(std::string& out, const Fill& fill, const Optional<std::stri
 }
 
 std::string_view repeatValue(const Optional<std::string>& repeatMode) {
-    const std::string_view mode = valueOr(repeatMode, "both");
-    return mode == "x" ? "repeat-x" : mode == "y" ? "repeat-y" : mode == "none" ? "no-repeat" : "repeat";
+    if (repeatMode == "x") {
+        return "repeat-x";
+    }
+    if (repeatMode == "y") {
+        return "repeat-y";
+    }
+    return repeatMode == "none" ? "no-repeat" : "repeat";
 }
 
 void repeatedImageCSS(std::string& out, const Fill& fill) {
@@ -95,19 +100,6 @@ void gradientCSS(std::string& out, const Fill& fill) {
     out += ");";
 }
 
-std::optional<int> hexDigit(char c) {
-    if (c >= '0' && c <= '9') {
-        return c - '0';
-    }
-    if (c >= 'a' && c <= 'f') {
-        return c - 'a' + 10;
-    }
-    if (c >= 'A' && c <= 'F') {
-        return c - 'A' + 10;
-    }
-    return std::nullopt;
-}
-
 struct Channels {
     std::array<int, 3> values; ///< red, green, blue, each 0 to 255
 };
@@ -121,12 +113,12 @@ std::optional<Channels> channelsOf(std::string_view color) {
     const size_t width = color.size() / 3;
     Channels channels{};
     for (size_t channel = 0; channel < channels.values.size(); ++channel) {
-        const auto high = hexDigit(color[channel * width]);
-        const auto low = hexDigit(color[channel * width + width - 1]);
-        if (!high || !low) {
+        const int high = hexadecimalValue(color[channel * width]);
+        const int low = hexadecimalValue(color[channel * width + width - 1]);
+        if (high < 0 || low < 0) {
             return std::nullopt;
         }
-        channels.values[channel] = *high * 16 + *low;
+        channels.values[channel] = high * 16 + low;
     }
     return channels;
 }

@@ -7,6 +7,7 @@
 #include "render/Images.h"
 #include "render/LayoutCss.h"
 #include "render/Media.h"
+#include "render/Motion.h"
 #include "render/Tables.h"
 #include "render/TextRoles.h"
 
@@ -150,12 +151,6 @@ void renderComponent(PageText& page, const Component& resolved, const PageContex
         return renderAdvertisement(page, resolved, context);
     case other:
         return renderUnknownRole(page, resolved, context);
-    }
-}
-
-void styleAttribute(std::string& out, std::string_view css) {
-    if (!css.empty()) {
-        out.append(" style=\"").append(css).append("\"");
     }
 }
 

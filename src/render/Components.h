@@ -16,7 +16,4 @@ void renderWrappedComponent(PageText& page, const Component& component, const Pa
 /// Appends what the role of `resolved` shows, without the wrapper.
 void renderComponent(PageText& page, const Component& resolved, const PageContext& context);
 
-/// Appends ` style="{css}"`, or nothing for empty css.
-void styleAttribute(std::string& out, std::string_view css);
-
 } // namespace quillon::HTMLRenderer

@@ -45,26 +45,57 @@ const auto& recordOf(const Variant& variant) {
     return variant.style;
 }
 
+/// Lists of variants up to this length are gone through each time: that is quicker than to look them up.
+constexpr size_t fewVariants = 4;
+
+/// What `workOut` gives for `record`, kept in `memo` when it takes long.
+template <typename Record, typename WorkOut>
+SharedOptional<Record> remembered(RecordMemo<Record>& memo, const SharedOptional<Record>& record,
+                                  WorkOut workOut) {
+    return record->conditional->size() > fewVariants ? memo.result(record, workOut) : workOut();
+}
+
 /// Lays `overlay` over `record`, whose own variants stay as they are.
 template <typename Record>
-void mergeVariant(Record& record, const Record& overlay) {
+void layOver(Record& record, const Record& overlay) {
     auto variants = record.conditional;
     mergeFields(record, overlay);
     record.conditional = std::move(variants);
 }
 
-template <typename Record>
-SharedOptional<Record> withVariants(const SharedOptional<Record>& base,
-                                    const PreviewEnvironment& environment) {
-    SharedOptional<Record> result = base;
-    if (base && base->conditional) {
-        for (const auto& variant : *base->conditional) {
-            if (conditionsMatch(variant.conditions, environment)) {
-                mergeVariant(result.edit(), recordOf(variant));
-            }
+/// Lays the variants of `base` whose conditions `applies` chooses over `record`, which becomes one only when
+/// there are any.
+template <typename Record, typename Applies>
+SharedOptional<Record> withChosen(SharedOptional<Record> record, const SharedOptional<Record>& base,
+                                  const Applies& applies) {
+    for (const auto& variant : *base->conditional) {
+        if (applies(variant.conditions)) {
+            layOver(record.edit(), recordOf(variant));
         }
     }
-    return result;
+    return record;
+}
+
+template <typename Record>
+SharedOptional<Record> withVariants(const SharedOptional<Record>& base, const PageContext& context) {
+    if (!base || !base->conditional) {
+        return base;
+    }
+    return remembered(context.variants.matching<Record>(), base, [&] {
+        return withChosen(base, base, [&context](const Conditions& conditions) {
+            return conditionsMatch(conditions, context.environment);
+        });
+    });
+}
+
+/// What the variants of `base` for dark mode set; nothing when there are none.
+template <typename Record>
+SharedOptional<Record> darkVariants(const SharedOptional<Record>& base, const PageContext& context) {
+    if (!base || !base->conditional) {
+        return {};
+    }
+    return remembered(context.variants.dark<Record>(), base,
+                      [&] { return withChosen(SharedOptional<Record>(), base, asksForDark); });
 }
 
 template <typename Style>
@@ -88,25 +119,6 @@ SharedOptional<Style> referenced(const SharedOptional<Reference>& reference,
         return styleNamed(*name, styles);
     }
     return std::get<Shared<Style>>(reference->form).handle();
-}
-
-bool asksForDark(const Conditions& conditions) {
-    return conditions && std::ranges::any_of(*conditions, [](const Condition& condition) {
-               return condition.preferredColorScheme == darkScheme;
-           });
-}
-
-/// Lays the variants of `style` that ask for dark mode over `dark`, made when there is one.
-template <typename Style>
-void addDarkVariants(std::optional<Style>& dark, const SharedOptional<Style>& style) {
-    if (!style || !style->conditional) {
-        return;
-    }
-    for (const auto& variant : *style->conditional) {
-        if (asksForDark(variant.conditions)) {
-            mergeVariant(dark ? *dark : dark.emplace(), recordOf(variant));
-        }
-    }
 }
 
 void mergeVariant(Component& component, const ConditionalComponent& variant) {
@@ -135,6 +147,12 @@ bool conditionsMatch(const Conditions& conditions, const PreviewEnvironment& env
     });
 }
 
+bool asksForDark(const Conditions& conditions) {
+    return conditions && std::ranges::any_of(*conditions, [](const Condition& condition) {
+               return condition.preferredColorScheme == darkScheme;
+           });
+}
+
 const Component& resolveComponent(const Component& component, const PreviewEnvironment& environment,
                                   std::optional<Component>& copy) {
     copy.reset();
@@ -148,37 +166,32 @@ const Component& resolveComponent(const Component& component, const PreviewEnvir
     return copy ? *copy : component;
 }
 
-SharedOptional<ComponentTextStyle> applyVariants(const Shared<ComponentTextStyle>& style,
-                                                 const PreviewEnvironment& environment) {
-    return withVariants(style.handle(), environment);
+SharedOptional<ComponentTextStyle> applyVariants(const SharedOptional<ComponentTextStyle>& style,
+                                                 const PageContext& context) {
+    return withVariants(style, context);
 }
 
-SharedOptional<TextStyle> applyVariants(const Shared<TextStyle>& style,
-                                        const PreviewEnvironment& environment) {
-    return withVariants(style.handle(), environment);
-}
-
-TextStyle applyVariants(const TextStyle& style, const PreviewEnvironment& environment) {
-    return *withVariants(SharedOptional<TextStyle>(style), environment);
+SharedOptional<TextStyle> applyVariants(const SharedOptional<TextStyle>& style, const PageContext& context) {
+    return withVariants(style, context);
 }
 
 SharedOptional<ComponentLayout> resolveLayout(const Optional<StyleRef<ComponentLayout>>& reference,
                                               const PageContext& context) {
-    return withVariants(referenced(reference, context.article.componentLayouts), context.environment);
+    return withVariants(referenced(reference, context.article.componentLayouts), context);
 }
 
 SharedOptional<ComponentStyle> resolveComponentStyle(const Optional<StyleReference>& reference,
                                                      const PageContext& context) {
-    return withVariants(referenced(reference, context.article.componentStyles), context.environment);
+    return withVariants(referenced(reference, context.article.componentStyles), context);
 }
 
 SharedOptional<TextStyle> resolveTextStyle(const Optional<StyleRef<TextStyle>>& reference,
                                            const PageContext& context) {
-    return withVariants(referenced(reference, context.article.textStyles), context.environment);
+    return withVariants(referenced(reference, context.article.textStyles), context);
 }
 
 SharedOptional<TextStyle> resolveTextStyleNamed(std::string_view name, const PageContext& context) {
-    return withVariants(styleNamed(std::string(name), context.article.textStyles), context.environment);
+    return withVariants(styleNamed(std::string(name), context.article.textStyles), context);
 }
 
 SharedOptional<ComponentTextStyle>
@@ -187,22 +200,28 @@ resolveComponentTextStyleRef(const Optional<StyleRef<ComponentTextStyle>>& refer
     return referenced(reference, context.article.componentTextStyles);
 }
 
-std::optional<ComponentStyle> darkComponentStyle(const Optional<StyleReference>& reference,
-                                                 const PageContext& context) {
-    std::optional<ComponentStyle> dark;
-    addDarkVariants(dark, referenced(reference, context.article.componentStyles));
-    return dark;
+SharedOptional<ComponentStyle> darkComponentStyle(const Optional<StyleReference>& reference,
+                                                  const PageContext& context) {
+    return darkVariants(referenced(reference, context.article.componentStyles), context);
 }
 
-std::optional<ComponentTextStyle> darkComponentTextStyle(const Component& component,
-                                                         const PageContext& context) {
-    std::optional<ComponentTextStyle> dark;
+SharedOptional<ComponentTextStyle> darkComponentTextStyle(const Component& component,
+                                                          const PageContext& context) {
+    SharedOptional<ComponentTextStyle> dark;
+    const auto addVariants = [&](const SharedOptional<ComponentTextStyle>& style) {
+        SharedOptional<ComponentTextStyle> upper = darkVariants(style, context);
+        if (dark && upper) {
+            layOver(dark.edit(), *upper);
+        } else if (upper) {
+            dark = std::move(upper);
+        }
+    };
     const auto& styles = context.article.componentTextStyles;
     if (styles) {
-        addDarkVariants(dark, styleNamed("default", styles));
-        addDarkVariants(dark, styleNamed("default-" + std::string(component.role.rawValue()), styles));
+        addVariants(styleNamed("default", styles));
+        addVariants(styleNamed("default-" + std::string(component.role.rawValue()), styles));
     }
-    addDarkVariants(dark, referenced(component.textStyle, styles));
+    addVariants(referenced(component.textStyle, styles));
     return dark;
 }
 

@@ -11,18 +11,18 @@ namespace quillon::HTMLRenderer {
 /// Whether all of `conditions` hold; absent or empty conditions do.
 bool conditionsMatch(const Conditions& conditions, const PreviewEnvironment& environment);
 
+/// Whether `conditions` choose what the page shows in dark mode: one of them asks for that scheme.
+bool asksForDark(const Conditions& conditions);
+
 /// The component with its matching variants laid over it: `component` itself when none matches, else a copy
 /// that is kept in `copy`. The children are left as they are.
 const Component& resolveComponent(const Component& component, const PreviewEnvironment& environment,
                                   std::optional<Component>& copy);
 
 /// `style` with its matching variants laid over it; `style` itself when none matches.
-SharedOptional<ComponentTextStyle> applyVariants(const Shared<ComponentTextStyle>& style,
-                                                 const PreviewEnvironment& environment);
-SharedOptional<TextStyle> applyVariants(const Shared<TextStyle>& style,
-                                        const PreviewEnvironment& environment);
-/// The same for a style that is held by value, such as a `linkStyle`.
-TextStyle applyVariants(const TextStyle& style, const PreviewEnvironment& environment);
+SharedOptional<ComponentTextStyle> applyVariants(const SharedOptional<ComponentTextStyle>& style,
+                                                 const PageContext& context);
+SharedOptional<TextStyle> applyVariants(const SharedOptional<TextStyle>& style, const PageContext& context);
 
 /// The record that a reference leads to, its matching variants laid over it; nothing for an absent reference
 /// or an unknown name.
@@ -39,9 +39,9 @@ resolveComponentTextStyleRef(const Optional<StyleRef<ComponentTextStyle>>& refer
                              const PageContext& context);
 
 /// Only what the variants for dark mode set; nothing when there are none.
-std::optional<ComponentStyle> darkComponentStyle(const Optional<StyleReference>& reference,
-                                                 const PageContext& context);
-std::optional<ComponentTextStyle> darkComponentTextStyle(const Component& component,
-                                                         const PageContext& context);
+SharedOptional<ComponentStyle> darkComponentStyle(const Optional<StyleReference>& reference,
+                                                  const PageContext& context);
+SharedOptional<ComponentTextStyle> darkComponentTextStyle(const Component& component,
+                                                          const PageContext& context);
 
 } // namespace quillon::HTMLRenderer

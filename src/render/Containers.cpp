@@ -3,8 +3,10 @@
 #include "render/ComponentStyleCss.h"
 #include "render/Components.h"
 #include "render/Conditions.h"
+#include "render/DarkClass.h"
 #include "render/EscapeHtml.h"
 #include "render/LayoutCss.h"
+#include "render/Motion.h"
 #include "render/UsableUrl.h"
 
 #include <algorithm>
@@ -34,13 +36,7 @@ std::string_view layeredClass(const Component& component) {
 /// rules are numbered first.
 void insertDarkClass(PageText& page, PageText::Place place, const Component& component,
                      const PageContext& context) {
-    const auto style = darkComponentStyle(component.style, context);
-    if (!style) {
-        return;
-    }
-    std::string css;
-    componentStyleCSS(css, &*style);
-    page.insert(place, darkClass(css, context.darkCSS));
+    page.insert(place, componentDarkClass(component, context));
 }
 
 /// Writes a container up to its children; gives the place of its dark class.

@@ -1,5 +1,7 @@
 #include "render/DarkModeCSS.h"
 
+#include <algorithm>
+
 namespace quillon::HTMLRenderer {
 
 std::string importantDeclarations(std::string_view css) {

@@ -1,6 +1,7 @@
 #include "render/EmbedPlaceholder.h"
 
 #include "render/EscapeHtml.h"
+#include "render/MediaParts.h"
 #include "render/UsableUrl.h"
 
 namespace quillon::HTMLRenderer {
@@ -13,16 +14,13 @@ void writeTexts(std::string& out, std::string_view title, std::string_view detai
     out += "\n<div class=\"embed-title\">";
     escapeHTML(out, title);
     out += "</div>\n";
-    if (detail.empty() && secondDetail.empty()) {
-        return;
+    std::string details(detail);
+    appendDetail(details, secondDetail);
+    if (!details.empty()) {
+        out += "<div class=\"embed-detail\">";
+        escapeHTML(out, details);
+        out += "</div>";
     }
-    out += "<div class=\"embed-detail\">";
-    escapeHTML(out, detail);
-    if (!detail.empty() && !secondDetail.empty()) {
-        out += " · ";
-    }
-    escapeHTML(out, secondDetail);
-    out += "</div>";
 }
 
 } // namespace

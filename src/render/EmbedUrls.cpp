@@ -1,6 +1,7 @@
+#include "render/EmbedUrls.h"
+
 #include "base/Url.h"
 #include "base/endpoints.h"
-#include "render/Media.h"
 
 #include <algorithm>
 #include <vector>

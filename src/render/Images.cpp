@@ -1,9 +1,9 @@
 #include "render/Images.h"
 
-#include "base/UnicodeText.h"
 #include "render/ComponentStyleCss.h"
 #include "render/Conditions.h"
 #include "render/EscapeHtml.h"
+#include "render/MediaParts.h"
 #include "render/StyleAttribute.h"
 #include "render/TextStyleCss.h"
 #include "render/UsableUrl.h"
@@ -11,10 +11,6 @@
 namespace quillon::HTMLRenderer {
 
 namespace {
-
-std::string_view trimmedURL(const Optional<std::string>& url) {
-    return url ? trimmed(*url) : std::string_view();
-}
 
 /// The image at `url`, its address as the alternative text that a placeholder would show; or that placeholder
 /// at once.
@@ -56,11 +52,7 @@ void renderImage(PageText& page, const Component& component, const PageContext& 
     out += ">\n";
     writeImage(out, trimmedURL(component.URL));
     out += "\n";
-    if (component.caption && !component.caption->empty()) {
-        out += "<figcaption>";
-        escapeHTML(out, *component.caption);
-        out += "</figcaption>";
-    }
+    appendCaption(out, component.caption);
     out += "\n</figure>";
 }
 

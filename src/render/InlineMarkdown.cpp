@@ -1,7 +1,6 @@
 #include "render/InlineMarkdown.h"
 
 #include "render/EscapeHtml.h"
-#include "render/TextContent.h"
 
 // Each step finds what the pattern above it finds, in one pass: on an opening mark without a closing one the
 // patterns themselves would search to the end of the text each time.
@@ -34,27 +33,6 @@ bool hasLineEnd(std::string_view text, size_t begin, size_t end) {
     return lineEnd(text.substr(0, end), begin) < end;
 }
 
-// "\*\*(.+?)\*\*" by "<strong>$1</strong>".
-void replaceBold(std::string& out, std::string_view text) {
-    size_t copied = 0;
-    size_t opening = text.find("**");
-    while (opening != none) {
-        const size_t closing = text.find("**", opening + 3); // at least one character lies between
-        if (closing == none) {
-            break;
-        }
-        if (hasLineEnd(text, opening + 2, closing)) {
-            opening = closing;
-            continue;
-        }
-        out.append(text, copied, opening - copied).append("<strong>");
-        out.append(text, opening + 2, closing - opening - 2).append("</strong>");
-        copied = closing + 2;
-        opening = text.find("**", copied);
-    }
-    out.append(text, copied);
-}
-
 /// The first asterisk at or behind `from` (which is not inside a run of them) that has no other beside it.
 size_t findSingleAsterisk(std::string_view text, size_t from) {
     size_t at = text.find('*', from);
@@ -68,25 +46,46 @@ size_t findSingleAsterisk(std::string_view text, size_t from) {
     return none;
 }
 
-// "(?<!\*)\*(?!\*)(.+?)(?<!\*)\*(?!\*)" by "<em>$1</em>".
-void replaceItalic(std::string& out, std::string_view text) {
+/// Replaces a text between two marks of `markSize` bytes by the same in an element. `findMark` gives the
+/// first mark at or behind an offset; `leastGap` bytes at least lie between the beginnings of two.
+template <typename FindMark>
+void replaceBetween(std::string& out, std::string_view text, FindMark findMark, size_t markSize,
+                    size_t leastGap, std::string_view opening, std::string_view closing) {
     size_t copied = 0;
-    size_t opening = findSingleAsterisk(text, 0);
-    while (opening != none) {
-        const size_t closing = findSingleAsterisk(text, opening + 1);
-        if (closing == none) {
+    size_t begin = findMark(0);
+    while (begin != none) {
+        const size_t end = findMark(begin + leastGap);
+        if (end == none) {
             break;
         }
-        if (hasLineEnd(text, opening + 1, closing)) {
-            opening = closing;
+        const size_t inside = begin + markSize;
+        if (hasLineEnd(text, inside, end)) {
+            begin = end;
             continue;
         }
-        out.append(text, copied, opening - copied).append("<em>");
-        out.append(text, opening + 1, closing - opening - 1).append("</em>");
-        copied = closing + 1;
-        opening = findSingleAsterisk(text, copied);
+        out.append(text, copied, begin - copied).append(opening);
+        out.append(text, inside, end - inside).append(closing);
+        copied = end + markSize;
+        begin = findMark(copied);
     }
     out.append(text, copied);
+}
+
+// "\*\*(.+?)\*\*" by "<strong>$1</strong>".
+void replaceBold(std::string& out, std::string_view text) {
+    const auto findMark = [text](size_t from) {
+        return text.find("**", from);
+    };
+    // At least one character lies between the marks.
+    replaceBetween(out, text, findMark, 2, 3, "<strong>", "</strong>");
+}
+
+// "(?<!\*)\*(?!\*)(.+?)(?<!\*)\*(?!\*)" by "<em>$1</em>".
+void replaceItalic(std::string& out, std::string_view text) {
+    const auto findMark = [text](size_t from) {
+        return findSingleAsterisk(text, from);
+    };
+    replaceBetween(out, text, findMark, 1, 1, "<em>", "</em>");
 }
 
 /// replaceLinks for a text without line ends.

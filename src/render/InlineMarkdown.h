@@ -5,6 +5,10 @@
 
 namespace quillon::HTMLRenderer {
 
+/// Appends Markdown within a line of text: bold, italic, links and line breaks. `escaped` has been escaped
+/// already.
+void renderInlineMarkdown(std::string& out, std::string_view escaped);
+
 /// Appends `text`, which has not been escaped, as renderInlineMarkdown of its escaped form.
 void escapeAndRenderInlineMarkdown(std::string& out, std::string_view text);
 

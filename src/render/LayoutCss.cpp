@@ -4,6 +4,7 @@
 #include "base/UnicodeText.h"
 #include "render/CssNumbers.h"
 #include "render/EscapeHtml.h"
+#include "render/Motion.h"
 
 #include <algorithm>
 #include <array>
@@ -78,15 +79,6 @@ std::optional<std::string> textLengthCSS(const ANFLength& length, const std::str
     return std::nullopt;
 }
 
-void lengthDeclaration(std::string& out, std::string_view opening, const Optional<ANFLength>& length,
-                       int64_t span, const GridMetrics& grid) {
-    if (const std::optional<std::string> css = lengthCSS(length, span, grid)) {
-        out += opening;
-        escapeHTML(out, *css);
-        out += ';';
-    }
-}
-
 /// A flag of a layout: off, on by `true`, or on by a text, of which two name one side.
 enum class Reach { off, on, left, right, bothByText };
 
@@ -149,13 +141,13 @@ void marginCSS(std::string& out, const Optional<LayoutMargin>& margin, int64_t s
         return;
     }
     if (const Margin* sides = std::get_if<Margin>(&margin->form)) {
-        lengthDeclaration(out, "margin-top: ", sides->top, span, grid);
-        lengthDeclaration(out, "margin-bottom: ", sides->bottom, span, grid);
+        lengthDeclaration(out, "margin-top: ", lengthCSS(sides->top, span, grid));
+        lengthDeclaration(out, "margin-bottom: ", lengthCSS(sides->bottom, span, grid));
         return;
     }
-    const Optional<ANFLength> both = std::get<ANFLength>(margin->form);
-    lengthDeclaration(out, "margin-top: ", both, span, grid);
-    lengthDeclaration(out, "margin-bottom: ", both, span, grid);
+    const auto both = lengthCSS(std::get<ANFLength>(margin->form), span, grid);
+    lengthDeclaration(out, "margin-top: ", both);
+    lengthDeclaration(out, "margin-bottom: ", both);
 }
 
 void contentInsetCSS(std::string& out, const Optional<ContentInsetValue>& contentInset) {
@@ -213,6 +205,14 @@ std::optional<std::string> lengthCSS(const Optional<ANFLength>& length, int64_t 
     return textLengthCSS(*length, std::get<std::string>(length->form), span, grid);
 }
 
+void lengthDeclaration(std::string& out, std::string_view opening, const std::optional<std::string>& length) {
+    if (length) {
+        out += opening;
+        escapeHTML(out, *length); // any text that ends in a unit is a length
+        out += ';';
+    }
+}
+
 int64_t spanCount(const ComponentLayout* layout, const GridMetrics& grid) {
     return layout ? columnRange(*layout, grid).span : grid.effectiveColumnCount();
 }
@@ -237,8 +237,8 @@ void layoutCSS(std::string& out, const ComponentLayout* layout, const Optional<A
         const int64_t span = spanCount(layout, grid);
         reachCSS(out, *layout, grid);
         marginCSS(out, layout->margin, span, grid);
-        lengthDeclaration(out, "min-height: ", layout->minimumHeight, span, grid);
-        lengthDeclaration(out, "max-width: ", layout->maximumContentWidth, span, grid);
+        lengthDeclaration(out, "min-height: ", lengthCSS(layout->minimumHeight, span, grid));
+        lengthDeclaration(out, "max-width: ", lengthCSS(layout->maximumContentWidth, span, grid));
         contentInsetCSS(out, layout->contentInset);
         out += contentAlignmentCSS(layout->horizontalContentAlignment);
     }
@@ -281,7 +281,8 @@ void marginInsetCSS(std::string& out, const ComponentLayout* layout, const GridM
 
 void minimumHeightCSS(std::string& out, const ComponentLayout* layout, const GridMetrics& grid) {
     if (layout) {
-        lengthDeclaration(out, "min-height: ", layout->minimumHeight, spanCount(layout, grid), grid);
+        lengthDeclaration(out,
+                          "min-height: ", lengthCSS(layout->minimumHeight, spanCount(layout, grid), grid));
     }
 }
 

@@ -4,7 +4,7 @@
 #include "base/UnicodeText.h"
 #include "base/endpoints.h"
 #include "render/CssNumbers.h"
-#include "render/Maps.h"
+#include "render/MapsToken.h"
 #include "render/MediaParts.h"
 #include "render/UsableUrl.h"
 
@@ -103,7 +103,7 @@ std::optional<Coordinates> mapCoordinates(const Component& component, std::strin
 }
 
 std::optional<std::string> mapFallbackURL(const Component& component) {
-    const std::string_view url = trimmedURL(component);
+    const std::string_view url = trimmedURL(component.URL);
     const std::optional<UrlParts> parts = usableParts(url);
     const std::string host = parts ? parts->lowercasedHost().value_or("") : "";
     if (hostEndsWithDomain(host, endpoints::appleMapsHost)) {
@@ -119,7 +119,7 @@ std::optional<std::string> mapFallbackURL(const Component& component) {
 }
 
 std::optional<std::string> mapEmbedURL(const Component& component, const PreviewEnvironment& environment) {
-    const std::string_view url = trimmedURL(component);
+    const std::string_view url = trimmedURL(component.URL);
     const std::optional<std::string> token = mapsToken(component, environment, url);
     if (!token) {
         return std::nullopt;

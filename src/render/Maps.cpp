@@ -3,6 +3,7 @@
 #include "render/EmbedPlaceholder.h"
 #include "render/EscapeHtml.h"
 #include "render/MapAddresses.h"
+#include "render/MapsToken.h"
 #include "render/MediaParts.h"
 
 namespace quillon::HTMLRenderer {
@@ -28,7 +29,7 @@ void renderWarning(std::string& out, const Component& component, std::string_vie
     out += "</div>\n";
     appendFallbackLink(out, fallback);
     out += "</div>\n";
-    appendCaption(out, component);
+    appendCaption(out, component.caption);
     out += "\n</figure>";
 }
 
@@ -41,7 +42,7 @@ void renderLiveMap(std::string& out, const Component& component, std::string_vie
     escapeHTML(out, address);
     out += R"(" allow="geolocation" loading="lazy" referrerpolicy="origin"></iframe>
 )";
-    appendCaption(out, component);
+    appendCaption(out, component.caption);
     out += '\n';
     appendFallbackLink(out, fallback);
     out += "</figure>";
@@ -54,7 +55,7 @@ void renderMap(PageText& page, const Component& component, const PageContext& co
     const std::optional<std::string> fallback = mapFallbackURL(component);
     if (!fallback) {
         // Coordinates are no part of the details: with both of them there would be a link.
-        return renderLinkedPlaceholder(out, component.role.displayName(), trimmedURL(component),
+        return renderLinkedPlaceholder(out, component.role.displayName(), trimmedURL(component.URL),
                                        textOrEmpty(component.caption));
     }
     const bool isPlace = component.role == ComponentRole::place;

@@ -1,10 +1,11 @@
+#include "render/MapsToken.h"
+
 #include "base/Base64.h"
 #include "base/JsonText.h"
 #include "base/UnicodeText.h"
 #include "base/endpoints.h"
 #include "model/Codec.h"
 #include "render/MapAddresses.h"
-#include "render/Maps.h"
 #include "render/MediaParts.h"
 
 #include <algorithm>
@@ -172,7 +173,7 @@ std::optional<std::string> normalizedOrigin(std::string_view text) {
 
 std::optional<std::string> validateMapsToken(const Component& component,
                                              const PreviewEnvironment& environment, double now) {
-    const std::string_view url = trimmedURL(component);
+    const std::string_view url = trimmedURL(component.URL);
     if (!mapCoordinates(component, url) && !isMapEmbedURL(url)) {
         return std::nullopt; // there is no frame to be shown
     }
@@ -182,9 +183,8 @@ std::optional<std::string> validateMapsToken(const Component& component,
     }
     const std::optional<JSONValue::Object> payload = decodeTokenPayload(*token);
     if (!payload) {
-        return "The Maps Embed API token could not be decoded. Create a new token with scope embed_api and "
-               "an "
-               "origin.";
+        return "The Maps Embed API token could not be decoded. "
+               "Create a new token with scope embed_api and an origin.";
     }
     if (hasExpired(*payload, now)) {
         return "The Maps Embed API token is expired.";

@@ -2,6 +2,7 @@
 
 #include "render/CssNumbers.h"
 #include "render/EmbedPlaceholder.h"
+#include "render/EmbedUrls.h"
 #include "render/EscapeHtml.h"
 #include "render/Maps.h"
 #include "render/MediaParts.h"
@@ -28,7 +29,7 @@ void renderVideo(std::string& out, const Component& component, std::string_view 
     out += R"( src=")";
     escapeHTML(out, url);
     out += R"("></video>)";
-    appendCaption(out, component);
+    appendCaption(out, component.caption);
     out += "</figure>\n";
 }
 
@@ -39,7 +40,7 @@ void renderAudio(std::string& out, const Component& component, std::string_view 
     out += R"(<figure class="media"><audio class="media-audio" controls src=")";
     escapeHTML(out, url);
     out += R"("></audio>)";
-    appendCaption(out, component);
+    appendCaption(out, component.caption);
     out += "</figure>\n";
 }
 
@@ -54,7 +55,7 @@ void renderAppleMediaFrame(std::string& out, const Component& component, std::st
     escapeHTML(out, address);
     out += R"(" loading="lazy"></iframe>
 )";
-    appendCaption(out, component);
+    appendCaption(out, component.caption);
     out += "\n</figure>";
 }
 
@@ -206,7 +207,7 @@ void renderButton(std::string& out, const Component& component, std::string_view
 
 void renderMedia(PageText& page, const Component& component, const PageContext& context) {
     std::string& out = page.out();
-    const std::string_view url = trimmedURL(component);
+    const std::string_view url = trimmedURL(component.URL);
     switch (component.role.kind()) {
     case ComponentRole::video:
         return renderVideo(out, component, url);

@@ -5,17 +5,16 @@
 
 namespace quillon::HTMLRenderer {
 
-std::string_view trimmedURL(const Component& component) {
-    return trimmed(textOrEmpty(component.URL));
+std::string_view trimmedURL(const Optional<std::string>& url) {
+    return trimmed(textOrEmpty(url));
 }
 
-void appendCaption(std::string& out, const Component& component) {
-    const std::string_view caption = textOrEmpty(component.caption);
-    if (caption.empty()) {
+void appendCaption(std::string& out, const Optional<std::string>& caption) {
+    if (!caption || caption->empty()) {
         return;
     }
     out += "<figcaption>";
-    escapeHTML(out, caption);
+    escapeHTML(out, *caption);
     out += "</figcaption>";
 }
 

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "model/Component.h"
+#include "base/Shared.h"
 
 #include <string>
 #include <string_view>
 
-/// What the writers of foreign content have in common.
+/// What the writers of images and of foreign content have in common.
 namespace quillon::HTMLRenderer {
 
 /// An optional text; absent reads as empty.
@@ -13,11 +13,11 @@ inline std::string_view textOrEmpty(const Optional<std::string>& text) {
     return text ? std::string_view(*text) : std::string_view();
 }
 
-/// The component's URL without white space and line ends at its ends; empty when absent.
-std::string_view trimmedURL(const Component& component);
+/// A URL without white space and line ends at its ends; empty when absent.
+std::string_view trimmedURL(const Optional<std::string>& url);
 
-/// Appends the caption as a `figcaption`; nothing when it is absent or empty.
-void appendCaption(std::string& out, const Component& component);
+/// Appends a caption as a `figcaption`; nothing when it is absent or empty.
+void appendCaption(std::string& out, const Optional<std::string>& caption);
 
 /// Appends `piece` to a line of details, behind a middle dot when something stands there already; an empty
 /// piece leaves the line as it is.

@@ -4,6 +4,7 @@
 #include "render/Conditions.h"
 #include "render/EscapeHtml.h"
 #include "render/PageScripts.h"
+#include "render/StyleSheet.h"
 
 #include <algorithm>
 
@@ -16,12 +17,8 @@ constexpr std::string_view defaultBackground = "#FFFFFF";
 /// What a page takes without its components, and about what each top-level component adds, in bytes.
 constexpr size_t emptyPageSize = 16 * 1024;
 constexpr size_t componentSize = 1024;
-
-bool asksForDark(const Conditions& conditions) {
-    return conditions && std::any_of(conditions->begin(), conditions->end(), [](const Condition& condition) {
-               return condition.preferredColorScheme == "dark";
-           });
-}
+/// Beyond these the page grows as it is written: countless components may show nothing at all.
+constexpr size_t mostReservedComponents = 1024;
 
 /// The background of the last variant of the document's style that `applies` chooses and that has one, else
 /// `background`.
@@ -61,11 +58,19 @@ std::string renderPage(const ArticleDocument& article, const PreviewEnvironment&
     const bool automaticDark =
         !article.colorScheme || article.colorScheme->automaticDarkModeEnabled.value_or(true);
     DarkModeCSS darkCSS;
-    const PageContext context{article, environment, gridMetrics(article.layout, environment.viewportWidth),
-                              darkCSS, now};
+    VariantMemo variants;
+    const PageContext context{
+        .article = article,
+        .environment = environment,
+        .grid = gridMetrics(article.layout, environment.viewportWidth),
+        .darkCSS = darkCSS,
+        .variants = variants,
+        .now = now,
+    };
 
     PageText page;
-    page.out().reserve(emptyPageSize + componentSize * article.components.size());
+    page.out().reserve(emptyPageSize +
+                       componentSize * std::min(article.components.size(), mostReservedComponents));
     page << "<!DOCTYPE html>\n<html lang=\"";
     escapeHTML(page.out(), article.language);
     page << "\">\n<head>\n<meta charset=\"utf-8\">\n"

@@ -4,6 +4,7 @@
 #include "render/DarkModeCSS.h"
 #include "render/GridMetrics.h"
 #include "render/PreviewEnvironment.h"
+#include "render/VariantMemo.h"
 
 namespace quillon::HTMLRenderer {
 
@@ -13,6 +14,7 @@ struct PageContext {
     const PreviewEnvironment& environment;
     GridMetrics grid;
     DarkModeCSS& darkCSS;
+    VariantMemo& variants;
     double now = 0; ///< seconds since 1970, for what expires
 };
 

@@ -1,7 +1,6 @@
 #include "render/PageScripts.h"
 
 #include "base/endpoints.h"
-#include "render/Page.h"
 
 #include <array>
 #include <vector>

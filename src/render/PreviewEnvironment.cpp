@@ -128,7 +128,7 @@ PreviewEnvironment previewEnvironment(PreviewDevice device, PreviewOrientation o
     }
     // The pane itself decides, not the viewport that is never narrower than the smallest screen.
     environment.horizontalSizeClass = width < regularWidth ? compact : regular;
-    const double height = environment.viewportHeight.value_or(regularHeight);
+    const double height = environment.viewportHeight.value_or(regularHeight); // an unknown height is regular
     environment.verticalSizeClass = height < regularHeight ? compact : regular;
     return environment;
 }

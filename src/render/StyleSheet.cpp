@@ -1,4 +1,4 @@
-#include "render/Page.h"
+#include "render/StyleSheet.h"
 
 namespace quillon::HTMLRenderer {
 

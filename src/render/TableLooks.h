@@ -6,34 +6,46 @@
 
 #include <compare>
 #include <string>
-#include <vector>
 
 /// What the style of a data table says of one row, column or cell after its selectors. A look points into the
-/// article's styles, which must outlive it; null stands for what nobody says. Rows and columns count from 0.
+/// article's styles, which must outlive it.
 namespace quillon::HTMLRenderer {
 
+/// A field of a look: who says it last, or null when nobody does.
+template <typename Value>
+struct Said {
+    const Optional<Value>* value = nullptr;
+    size_t rank = 0; ///< the place in its list of the variant that says it; 0 for the style itself
+
+    explicit operator bool() const { return value != nullptr; }
+    const Value& operator*() const { return **value; }
+    const Value* operator->() const { return &**value; }
+
+    auto operator<=>(const Said&) const = default;
+};
+
 struct RowLook {
-    const Optional<std::string>* backgroundColor = nullptr;
-    const Optional<ANFStrokeStyle>* divider = nullptr;
-    const Optional<ANFLength>* height = nullptr;
+    Said<std::string> backgroundColor;
+    Said<ANFStrokeStyle> divider;
+    Said<ANFLength> height;
 };
 
 struct ColumnLook {
-    const Optional<std::string>* backgroundColor = nullptr;
-    const Optional<ANFStrokeStyle>* divider = nullptr;
+    Said<std::string> backgroundColor;
+    Said<ANFStrokeStyle> divider;
 };
 
 /// Two cells with equal looks have the same CSS.
 struct CellLook {
-    const Optional<std::string>* backgroundColor = nullptr;
-    const Optional<Border>* border = nullptr;
-    const Optional<std::string>* horizontalAlignment = nullptr;
-    const Optional<std::string>* verticalAlignment = nullptr;
-    const Optional<ANFLength>* minimumWidth = nullptr;
-    const Optional<PaddingValue>* padding = nullptr;
-    const Optional<StyleRef<ComponentTextStyle>>* textStyle = nullptr;
-    const Optional<ANFStrokeStyle>* rowDivider = nullptr;    ///< below the cell, without a border
-    const Optional<ANFStrokeStyle>* columnDivider = nullptr; ///< right of the cell, without a border
+    Said<std::string> backgroundColor;
+    Said<Border> border;
+    Said<std::string> horizontalAlignment;
+    Said<std::string> verticalAlignment;
+    Said<ANFLength> minimumWidth;
+    Said<PaddingValue> padding;
+    Said<StyleRef<ComponentTextStyle>> textStyle;
+    Said<ANFStrokeStyle> rowDivider;    ///< below the cell, without a border
+    Said<ANFStrokeStyle> columnDivider; ///< right of the cell, without a border
 
     auto operator<=>(const CellLook&) const = default;
 
@@ -41,27 +53,23 @@ struct CellLook {
     void completeWith(const RowLook& row, const ColumnLook& column);
 };
 
-/// `style` may be null here and below.
-RowLook rowLook(const TableRowStyle* style, size_t row);
-ColumnLook columnLook(const TableColumnStyle* style, size_t column, const DataDescriptor& descriptor);
+/// The style of one cell after its selectors.
+struct EffectiveCell {
+    Optional<std::string> backgroundColor;
+    Optional<Border> border;
+    Optional<std::string> horizontalAlignment;
+    Optional<std::string> verticalAlignment;
+    Optional<ANFLength> minimumWidth;
+    Optional<PaddingValue> padding;
+    Optional<StyleRef<ComponentTextStyle>> textStyle;
 
-/// The looks of the cells of one column: what the selectors ask of the column is tested once for all rows.
-class ColumnCells {
-public:
-    ColumnCells(const TableCellStyle* style, size_t column, const DataDescriptor& descriptor);
-
-    /// The look of the cell in `row`, without what it has from its row and its column.
-    CellLook at(size_t row) const;
-
-private:
-    struct Candidate {
-        const TableCellSelector* selector;
-        const ConditionalTableCellStyle* entry;
-    };
-
-    CellLook m_base;
-    std::vector<Candidate> m_candidates; ///< the selectors that match the column, in order
+    bool operator==(const EffectiveCell&) const = default;
 };
+
+/// `cellStyle` (or null) with the variants laid over it that a selector chooses for this cell. Rows and
+/// columns count from 0; `descriptor` is that of the column.
+EffectiveCell effectiveCell(const TableCellStyle* cellStyle, size_t row, size_t column,
+                            const DataDescriptor& descriptor);
 
 /// Append the declarations of a row and of a cell.
 void rowCSS(std::string& out, const RowLook& look);

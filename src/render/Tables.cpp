@@ -2,9 +2,10 @@
 
 #include "base/UnicodeText.h"
 #include "render/ComponentStyleCss.h"
-#include "render/Components.h"
 #include "render/Conditions.h"
-#include "render/TableLooks.h"
+#include "render/DarkClass.h"
+#include "render/StyleAttribute.h"
+#include "render/TableRules.h"
 #include "render/TableValues.h"
 
 #include <map>
@@ -26,18 +27,18 @@ class RowWriter {
 public:
     RowWriter(const Descriptors& descriptors, const TableRowStyle* rows, const TableColumnStyle* columns,
               const TableCellStyle* cells, const PageContext& context)
-        : m_descriptors(descriptors), m_rows(rows), m_context(context) {
+        : m_descriptors(descriptors), m_rows(rows), m_cells(cells), m_context(context) {
+        const ColumnLooks looks(columns);
         m_columns.reserve(descriptors.size());
         for (size_t column = 0; column < descriptors.size(); ++column) {
             const DataDescriptor& descriptor = descriptors[column];
-            m_columns.push_back(
-                {columnLook(columns, column, descriptor), ColumnCells(cells, column, descriptor)});
+            m_columns.push_back({looks.at(column, descriptor), m_cells.inColumn(column, descriptor)});
         }
     }
 
     /// Appends a row of `tag` elements; `appendContent` is given each column's descriptor.
     void append(std::string& out, size_t row, std::string_view tag, auto&& appendContent) {
-        const RowLook look = rowLook(m_rows, row);
+        const RowLook look = m_rows.at(row);
         out += R"(<tr style=")";
         rowCSS(out, look);
         out += R"(">)";
@@ -72,7 +73,8 @@ private:
     }
 
     const Descriptors& m_descriptors;
-    const TableRowStyle* m_rows;
+    RowLooks m_rows;
+    CellLooks m_cells;
     const PageContext& m_context;
     std::vector<Column> m_columns;
     std::map<CellLook, std::string> m_css;
@@ -98,15 +100,6 @@ void appendRecordRows(std::string& out, const RecordStore& data, const TableStyl
     }
 }
 
-/// The class, with its leading blank, of what the component's style changes in dark mode.
-std::string tableDarkClass(const Component& component, const PageContext& context) {
-    std::string css;
-    if (const std::optional<ComponentStyle> dark = darkComponentStyle(component.style, context)) {
-        componentStyleCSS(css, &*dark);
-    }
-    return darkClass(css, context.darkCSS);
-}
-
 } // namespace
 
 void renderDataTable(PageText& page, const Component& component, const PageContext& context) {
@@ -120,7 +113,7 @@ void renderDataTable(PageText& page, const Component& component, const PageConte
     const TableStyle& tableStyle = style && style->tableStyle ? *style->tableStyle : plainStyle;
 
     out += R"(<table class="data-table)";
-    out += tableDarkClass(component, context);
+    out += componentDarkClass(component, context);
     out += R"(" style="border-collapse: collapse; width: 100%;)";
     componentStyleCSS(out, pointerTo(style));
     out += "\">\n";
@@ -139,12 +132,10 @@ void renderHTMLTable(PageText& page, const Component& component, const PageConte
         return;
     }
     const SharedOptional<ComponentStyle> style = resolveComponentStyle(component.style, context);
-    std::string css;
-    componentStyleCSS(css, pointerTo(style));
     out += R"(<div class="html-table)";
-    out += tableDarkClass(component, context);
+    out += componentDarkClass(component, context);
     out += '"';
-    styleAttribute(out, css);
+    writeStyleAttribute(out, [&] { componentStyleCSS(out, pointerTo(style)); });
     out += ">\n";
     out += html;
     out += "\n</div>\n";

@@ -13,8 +13,4 @@ namespace quillon::HTMLRenderer {
 void renderTextContent(std::string& out, const Component& component, const PageContext& context,
                        const ComponentTextStyle* textStyle);
 
-/// Appends Markdown within a line of text: bold, italic, links and line breaks. `escaped` has been escaped
-/// already.
-void renderInlineMarkdown(std::string& out, std::string_view escaped);
-
 } // namespace quillon::HTMLRenderer

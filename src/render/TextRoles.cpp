@@ -3,7 +3,9 @@
 #include "render/ComponentStyleCss.h"
 #include "render/Conditions.h"
 #include "render/Containers.h"
+#include "render/DarkClass.h"
 #include "render/EscapeHtml.h"
+#include "render/InlineMarkdown.h"
 #include "render/StyleAttribute.h"
 #include "render/TextContent.h"
 #include "render/TextStyleCss.h"
@@ -16,14 +18,11 @@ constexpr std::string_view paragraphBreak = "\n\n";
 
 /// The dark class of a text: what the dark variants of its style and text style set.
 std::string textDarkClass(const Component& component, const PageContext& context) {
-    std::string css;
-    if (const auto style = darkComponentStyle(component.style, context)) {
-        componentStyleCSS(css, &*style);
-    }
+    std::string textCSS;
     if (const auto textStyle = darkComponentTextStyle(component, context)) {
-        componentTextStyleCSS(css, &*textStyle);
+        componentTextStyleCSS(textCSS, &*textStyle);
     }
-    return darkClass(css, context.darkCSS);
+    return componentDarkClass(component, context, textCSS);
 }
 
 /// Writes each part of `text` between two line feeds as a paragraph of inline Markdown.

@@ -155,7 +155,7 @@ SharedOptional<ComponentTextStyle> effectiveComponentTextStyle(const Component& 
                                                                const PageContext& context) {
     SharedOptional<ComponentTextStyle> result;
     const auto layOver = [&](const Shared<ComponentTextStyle>& style) {
-        SharedOptional<ComponentTextStyle> upper = applyVariants(style, context.environment);
+        SharedOptional<ComponentTextStyle> upper = applyVariants(style.handle(), context);
         if (result) {
             mergeFields(result.edit(), *upper);
         } else {
@@ -218,7 +218,7 @@ void textStyleCSS(std::string& out, const TextStyle* style) {
 std::string linkCSS(const ComponentTextStyle* style, const PageContext& context) {
     std::string css;
     if (style && style->linkStyle) {
-        const auto link = applyVariants(Shared<TextStyle>(style->linkStyle), context.environment);
+        const auto link = applyVariants(style->linkStyle, context);
         textStyleCSS(css, &*link);
     }
     return css;

@@ -71,9 +71,9 @@ TEST(Components, wrapper) {
 TEST(Components, wrapperCarriesTheIdentity) {
     const ArticleDocument article = articleOf(R"({"role":"divider"})");
     const PreviewEnvironment environment = wideEnvironment();
-    DarkModeCSS darkCSS;
+    RenderState state;
     PageText page;
-    renderBody(page, {article, environment, gridMetrics(article.layout, 1180), darkCSS, 0});
+    renderBody(page, state.contextOf(article, environment));
     EXPECT_THAT(page.take(), HasSubstr("data-component-id=\"" + article.components.front().id.text() + "\""));
 }
 
@@ -351,9 +351,9 @@ TEST(Components, darkRulesAreNumberedChildrenFirst) {
                   R"({"role":"image",)" + style + R"(},{"role":"body"},{"role":"intro",)" + style + "}]}," +
                   R"({"role":"htmltable","html":"x",)" + style + "}");
     const PreviewEnvironment environment = wideEnvironment();
-    DarkModeCSS darkCSS;
+    RenderState state;
     PageText page;
-    renderBody(page, {article, environment, gridMetrics(article.layout, 1180), darkCSS, 0});
+    renderBody(page, state.contextOf(article, environment));
     const std::string body = page.take();
 
     std::string classes;
@@ -366,8 +366,8 @@ TEST(Components, darkRulesAreNumberedChildrenFirst) {
     }
     EXPECT_EQ(classes, "role-body dk1; container dk6; role-title dk2; header dk4; role-quote dk3; "
                        "role-intro dk5; html-table dk7; ");
-    EXPECT_THAT(darkCSS.rules, testing::SizeIs(7));
-    EXPECT_THAT(darkCSS.rules, testing::Each(HasSubstr("{background-color: blue !important;}")));
+    EXPECT_THAT(state.darkCSS.rules, testing::SizeIs(7));
+    EXPECT_THAT(state.darkCSS.rules, testing::Each(HasSubstr("{background-color: blue !important;}")));
 }
 
 TEST(Components, variantsAreLaidOverTheComponent) {

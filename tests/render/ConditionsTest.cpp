@@ -31,8 +31,9 @@ struct Fixture {
     ArticleDocument article;
     PreviewEnvironment environment;
     DarkModeCSS darkCSS;
-    PageContext context{article, environment, gridMetrics(article.layout, environment.viewportWidth), darkCSS,
-                        0};
+    VariantMemo variants;
+    PageContext context{article, environment, gridMetrics(article.layout, environment.viewportWidth),
+                        darkCSS, variants,    0};
 };
 
 std::string cssOf(const ComponentStyle& style) {
@@ -151,8 +152,8 @@ TEST(Conditions, referencesLeadToTheArticlesStyles) {
     EXPECT_TRUE(layout->margin);
     EXPECT_EQ(resolveTextStyle(readRecord<StyleRef<TextStyle>>(R"("t")"), context)->fontSize, 10);
     EXPECT_EQ(resolveTextStyleNamed("t", context)->fontSize, 10);
-    EXPECT_EQ(applyVariants(*context.article.textStyles->at("t"), context.environment).fontSize, 10);
-    EXPECT_EQ(applyVariants(context.article.componentTextStyles->at("c"), context.environment)->fontSize, 10);
+    EXPECT_EQ(applyVariants(context.article.textStyles->at("t").handle(), context)->fontSize, 10);
+    EXPECT_EQ(applyVariants(context.article.componentTextStyles->at("c").handle(), context)->fontSize, 10);
     // The caption styles of galleries and tables are taken as they stand.
     EXPECT_EQ(
         resolveComponentTextStyleRef(readRecord<StyleRef<ComponentTextStyle>>(R"("c")"), context)->fontSize,
@@ -258,24 +259,6 @@ TEST(Conditions, darkTextStylesCascade) {
     EXPECT_FALSE(darkComponentTextStyle(readRecord<Component>(R"({"role":"body"})"), Fixture("").context));
     Fixture light(R"("componentTextStyles":{"default":{"conditional":[{"textColor":"a"}]}},)");
     EXPECT_FALSE(darkComponentTextStyle(readRecord<Component>(R"({"role":"body"})"), light.context));
-}
-
-TEST(DarkModeCSS, rulesAreNumberedInTheirOrder) {
-    EXPECT_EQ(importantDeclarations(""), "");
-    EXPECT_EQ(importantDeclarations(";;"), "");
-    EXPECT_EQ(importantDeclarations("a: b;c: url('x;y');"),
-              "a: b !important;c: url('x !important;y') !important;");
-    EXPECT_EQ(importantDeclarations("a: b"), "a: b !important;");
-
-    DarkModeCSS dark;
-    EXPECT_EQ(darkRuleBlock(dark), "");
-    EXPECT_EQ(darkClass("opacity: 0.5;", dark), " dk1");
-    EXPECT_EQ(darkClass("", dark), "");
-    EXPECT_EQ(registerDarkRule("", dark), "");
-    EXPECT_EQ(registerDarkRule("a: b;", dark), "dk2");
-    EXPECT_EQ(dark.counter, 2);
-    EXPECT_EQ(darkRuleBlock(dark),
-              "@media (prefers-color-scheme: dark){.dk1{opacity: 0.5 !important;}.dk2{a: b;}}");
 }
 
 } // namespace

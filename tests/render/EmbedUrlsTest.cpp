@@ -1,4 +1,4 @@
-#include "render/Media.h"
+#include "render/EmbedUrls.h"
 
 #include <gtest/gtest.h>
 

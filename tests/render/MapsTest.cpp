@@ -1,5 +1,6 @@
-#include "render/Maps.h"
 #include "base/JsonWriter.h"
+#include "render/MapAddresses.h"
+#include "render/MapsToken.h"
 #include "render/Page.h"
 #include "render/PageFixture.h"
 #include "render/ReadRecord.h"

@@ -38,22 +38,24 @@ std::string withoutIds(std::string html) {
     return html;
 }
 
+PageContext RenderState::contextOf(const ArticleDocument& article, const PreviewEnvironment& environment) {
+    return {article, environment, gridMetrics(article.layout, environment.viewportWidth),
+            darkCSS, variants,    0};
+}
+
 std::string bodyOf(const ArticleDocument& article, const PreviewEnvironment& environment) {
-    DarkModeCSS darkCSS;
+    RenderState state;
     PageText page;
-    renderBody(page,
-               {article, environment, gridMetrics(article.layout, environment.viewportWidth), darkCSS, 0});
+    renderBody(page, state.contextOf(article, environment));
     return withoutIds(page.take());
 }
 
 std::string fragmentOf(std::string_view component, std::string_view members,
                        const PreviewEnvironment& environment) {
     const ArticleDocument article = articleOf(component, members);
-    DarkModeCSS darkCSS;
+    RenderState state;
     PageText page;
-    renderComponent(
-        page, article.components.front(),
-        {article, environment, gridMetrics(article.layout, environment.viewportWidth), darkCSS, 0});
+    renderComponent(page, article.components.front(), state.contextOf(article, environment));
     return withoutIds(page.take());
 }
 

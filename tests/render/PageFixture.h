@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/ArticleDocument.h"
-#include "render/PreviewEnvironment.h"
+#include "render/PageContext.h"
 
 #include <string>
 #include <string_view>
@@ -15,6 +15,16 @@ ArticleDocument articleOf(std::string_view components, std::string_view members 
 
 /// A desktop wide enough for that article unscaled.
 PreviewEnvironment wideEnvironment(PreviewAppearance appearance = PreviewAppearance::automatic);
+
+/// What a render changes as it goes on.
+struct RenderState {
+    HTMLRenderer::DarkModeCSS darkCSS;
+    HTMLRenderer::VariantMemo variants;
+
+    /// The context of a page at the time 0; all three must outlive it.
+    HTMLRenderer::PageContext contextOf(const ArticleDocument& article,
+                                        const PreviewEnvironment& environment);
+};
 
 /// `html` with the identifiers of components, which are new for each read, replaced by "ID".
 std::string withoutIds(std::string html);

@@ -1,5 +1,7 @@
 #include "render/Page.h"
 #include "render/PageFixture.h"
+#include "render/PageScripts.h"
+#include "render/StyleSheet.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "render/Page.h"
+#include "render/StyleSheet.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

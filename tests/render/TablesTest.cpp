@@ -1,6 +1,6 @@
-#include "render/Tables.h"
 #include "render/PageFixture.h"
 #include "render/ReadRecord.h"
+#include "render/TableLooks.h"
 
 #include <gtest/gtest.h>
 

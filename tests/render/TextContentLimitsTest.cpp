@@ -1,6 +1,7 @@
 #include "base/Regex.h"
 #include "base/UnicodeText.h"
 #include "render/EscapeHtml.h"
+#include "render/InlineMarkdown.h"
 #include "render/PlainText.h"
 #include "render/TagStyles.h"
 #include "render/TextFixture.h"

@@ -1,4 +1,5 @@
 #include "render/TextContent.h"
+#include "render/InlineMarkdown.h"
 #include "render/TextFixture.h"
 
 #include <gtest/gtest.h>

@@ -34,7 +34,8 @@ struct TextFixture {
     ArticleDocument article;
     PreviewEnvironment environment;
     mutable DarkModeCSS darkCSS;
-    PageContext context{article, environment, gridMetrics(article.layout, 1024), darkCSS, 0};
+    mutable VariantMemo variants;
+    PageContext context{article, environment, gridMetrics(article.layout, 1024), darkCSS, variants, 0};
 };
 
 } // namespace quillon::HTMLRenderer
