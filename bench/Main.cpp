@@ -1,4 +1,4 @@
-#include "MemoryProbe.h"
+#include "FreshProcess.h"
 #include "Report.h"
 
 #include <benchmark/benchmark.h>
@@ -100,7 +100,7 @@ Figure::Figure(std::string title, std::function<double()> measure, double atMost
 } // namespace quillon::bench
 
 int main(int argc, char** argv) {
-    if (const auto status = quillon::bench::runAsMemoryProbe(argc, argv)) {
+    if (const auto status = quillon::bench::runAsFreshProcess(argc, argv)) {
         return *status;
     }
     return quillon::bench::run(argc, argv);

@@ -15,19 +15,15 @@ const std::string& largeArticle() {
     static const std::string json = makeArticle(10'000, ArticleShape::mixed);
     return json;
 }
-const std::string& smallArticle() {
-    static const std::string json = makeArticle(1'000, ArticleShape::mixed);
-    return json;
-}
 
-void read(benchmark::State& state, const std::string& json) {
+void read(benchmark::State& state) {
     for (auto _ : state) {
-        auto article = sharedArticleDecoder.decode(json);
+        // The copy, which the other library does not need, counts as ours.
+        auto article = sharedArticleDecoder.decode(JsonText::roomyCopy(largeArticle()));
         benchmark::DoNotOptimize(article);
     }
 }
-BENCHMARK_CAPTURE(read, ours, largeArticle());
-BENCHMARK_CAPTURE(read, ours1000, smallArticle());
+BENCHMARK(read);
 
 void readBaseline(benchmark::State& state) {
     for (auto _ : state) {
@@ -55,9 +51,8 @@ void writeBaseline(benchmark::State& state) {
 }
 BENCHMARK(writeBaseline);
 
-const Ratio reading{"read 10,000 components: ours / nlohmann", "read/ours", "readBaseline", 0.5};
+const Ratio reading{"read 10,000 components: ours / nlohmann", "read", "readBaseline", 0.5};
 const Ratio writing{"write 10,000 components: ours / nlohmann", "write", "writeBaseline", 1};
-const Ratio linear{"read: 10,000 / 1,000 components", "read/ours", "read/ours1000", 11};
 
 } // namespace
 

@@ -32,7 +32,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         const ReadFailure& failure = article.error();
         require(!failure.expected.empty() && !failure.found.empty(), "a failure says what and why");
         require(failure.message().find('\n') == std::string::npos, "a message is one line");
-        require(failure.found.find("Problem while") == std::string::npos, "a failure of the text has a place");
+        require(failure.found.find("Problem while") == std::string::npos,
+                "a failure of the text has a place");
         return 0;
     }
     const std::string once = written(*article);

@@ -82,7 +82,9 @@ bool mayHoldMinusZero(std::string_view text) {
 simdjson::error_code parseInto(dom::document& document, std::string& text) {
     const size_t start = std::string_view(text).starts_with(byteOrderMark) ? byteOrderMark.size() : 0;
     const size_t size = text.size() - start;
-    text.reserve(text.size() + simdjson::SIMDJSON_PADDING);
+    if (text.capacity() < text.size() + simdjson::SIMDJSON_PADDING) {
+        text = JsonText::roomyCopy(text);
+    }
     dom::parser parser;
     // The parser counts a level when it enters it, the limit included.
     if (const auto error = parser.allocate(size, JsonText::maximumDepth + 1)) {
@@ -191,6 +193,7 @@ JsonElements::JsonElements(JsonElement list) {
     if (!elementIn(list.m_storage).get(values)) {
         m_position = std::bit_cast<JsonElement::Storage>(values.begin());
         m_end = std::bit_cast<JsonElement::Storage>(values.end());
+        m_count = values.size();
     } else {
         m_started = true; // position and end are equal: there is nothing to walk
     }
@@ -234,6 +237,13 @@ Expected<JsonText, JsonFailure> JsonText::parse(std::string text) {
             findJsonFault(text).value_or(JsonFailure{1, 1, "JSON", simdjson::error_message(error)}));
     }
     return JsonText(std::move(document));
+}
+
+std::string JsonText::roomyCopy(std::string_view text) {
+    std::string copy;
+    copy.reserve(text.size() + simdjson::SIMDJSON_PADDING); // of an empty string, so exactly so much
+    copy += text;
+    return copy;
 }
 
 JsonElement JsonText::root() const {

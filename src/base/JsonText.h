@@ -47,7 +47,7 @@ private:
     struct alignas(8) Storage {
         std::array<std::byte, 16> bytes;
     };
-    Storage m_storage{};
+    Storage m_storage; // unset until a walk or a text sets it: arrays of elements need no filling
 };
 
 /// Walks the members of an object in the order of the text: `for (JsonMembers walk(object); walk.next();)`.
@@ -72,11 +72,14 @@ class JsonElements {
 public:
     explicit JsonElements(JsonElement list);
     bool next();
+    /// How many there are, those already walked included; a lower bound beyond 16 million.
+    size_t count() const { return m_count; }
     JsonElement value() const { return m_value; }
 
 private:
     JsonElement::Storage m_position{};
     JsonElement::Storage m_end{};
+    size_t m_count = 0;
     bool m_started = false;
     JsonElement m_value;
 };
@@ -86,6 +89,8 @@ class JsonText {
 public:
     /// How deep lists and objects that hold something may stand in each other.
     static constexpr size_t maximumDepth = 512;
+    /// A copy of `text` with the room behind it that parsing needs; a string without is copied once more.
+    static std::string roomyCopy(std::string_view text);
 
     /// Reads UTF-8 `text`, with or without a byte order mark. Whole numbers beyond 64 bits read as the
     /// nearest 64-bit float; numbers beyond its range, bad UTF-8, lone surrogates and deeper nesting are

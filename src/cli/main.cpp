@@ -5,6 +5,7 @@
 
 #include <csignal>
 #include <iostream>
+#include <new>
 
 namespace {
 
@@ -20,9 +21,7 @@ int report(const Result<void>& result) {
     return result.error().isUsage ? usageStatus : 1;
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
+int run(int argc, char** argv) {
     // A reader that goes away shows as a failed write, with a message and a status of its own.
     std::signal(SIGPIPE, SIG_IGN);
 
@@ -137,4 +136,16 @@ int main(int argc, char** argv) {
         return report(listRecents(folders, limit));
     }
     return report(save(package, to, force ? Replace::existingPackage : Replace::never));
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    try {
+        return run(argc, argv);
+    } catch (const std::bad_alloc&) {
+        // A small article can ask for a page of gigabytes: a long style on thousands of links.
+        std::cerr << "quillon-cli: not enough memory\n";
+        return 1;
+    }
 }

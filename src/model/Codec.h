@@ -89,13 +89,14 @@ bool readElements(JsonElement element, std::vector<Value>& values, ReadFailure& 
     if (element.kind() != JsonKind::list) {
         return expect("a list", element, failure);
     }
-    for (JsonElements elements(element); elements.next();) {
+    JsonElements elements(element);
+    values.reserve(elements.count());
+    while (elements.next()) {
         if (!readValue(elements.value(), values.emplace_back(), failure)) {
             failure.prependIndex(values.size() - 1);
             return false;
         }
     }
-    values.shrink_to_fit();
     return true;
 }
 

@@ -3,6 +3,7 @@
 #include "model/Codec.h"
 
 #include <algorithm>
+#include <bit>
 #include <cassert>
 #include <numeric>
 
@@ -32,6 +33,7 @@ RecordInfo::RecordInfo(std::vector<FieldRow> rows, Preserved preserved)
     std::iota(m_sorted.begin(), m_sorted.end(), uint8_t{0});
     std::sort(m_sorted.begin(), m_sorted.end(),
               [this](uint8_t left, uint8_t right) { return m_rows[left].key < m_rows[right].key; });
+    assert(m_rows.size() <= mostRows);
     m_slots.fill(-1);
     for (size_t row = 0; row < m_rows.size(); ++row) {
         size_t slot = slotOf(m_rows[row].key);
@@ -39,6 +41,9 @@ RecordInfo::RecordInfo(std::vector<FieldRow> rows, Preserved preserved)
             slot = (slot + 1) % slotCount;
         }
         m_slots[slot] = static_cast<int8_t>(row);
+        if (m_rows[row].kind == FieldKind::required) {
+            m_required |= uint64_t{1} << row;
+        }
     }
 }
 
@@ -55,9 +60,7 @@ bool RecordInfo::read(JsonElement object, void* record, ReadFailure& failure) co
     if (object.kind() != JsonKind::object) {
         return expect("an object", object, failure);
     }
-    constexpr size_t mostRows = 64;
-    assert(m_rows.size() <= mostRows);
-    std::array<JsonElement, mostRows> values;
+    std::array<JsonElement, mostRows> values; // set where `present` says so, and looked at nowhere else
     uint64_t present = 0;
     bool hasUnknownKeys = false;
     for (JsonMembers members(object); members.next();) {
@@ -69,14 +72,13 @@ bool RecordInfo::read(JsonElement object, void* record, ReadFailure& failure) co
             present |= uint64_t{1} << row;
         }
     }
-    for (size_t index = 0; index < m_rows.size(); ++index) {
+    // Absent optional fields need no look: there are many of them.
+    for (uint64_t due = present | m_required; due != 0; due &= due - 1) {
+        const auto index = static_cast<size_t>(std::countr_zero(due));
         const FieldRow& row = m_rows[index];
         if ((present >> index & 1) == 0) {
-            if (row.kind == FieldKind::required) {
-                failure = {std::string(row.key), std::string(row.expected), "nothing"};
-                return false;
-            }
-            continue;
+            failure = {std::string(row.key), std::string(row.expected), "nothing"};
+            return false;
         }
         if (values[index].isNull() && row.kind != FieldKind::required) {
             continue;

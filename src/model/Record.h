@@ -53,11 +53,13 @@ public:
 
 private:
     static constexpr size_t slotCount = 256;
+    static constexpr size_t mostRows = 64;
     static size_t slotOf(std::string_view key);
 
     std::vector<FieldRow> m_rows;
     std::vector<uint8_t> m_sorted;           ///< the rows in the order of their keys
     std::array<int8_t, slotCount> m_slots{}; ///< hash of a key to a row, -1 where there is none
+    uint64_t m_required = 0;                 ///< a bit for each required row
     Preserved m_preserved = nullptr;
 };
 

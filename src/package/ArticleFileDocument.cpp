@@ -55,7 +55,7 @@ Expected<ArticleDocument, PackageFailure> readPackageArticle(const FileWrapper& 
     if (!contents) {
         return unexpected(PackageFailure{contents.error()});
     }
-    auto article = sharedArticleDecoder.decode(std::string((*contents)->view()));
+    auto article = sharedArticleDecoder.decode(JsonText::roomyCopy((*contents)->view()));
     if (!article) {
         return unexpected(PackageFailure{std::move(article.error())});
     }

@@ -7,7 +7,6 @@
 #include <chrono>
 #include <memory>
 #include <new>
-#include <ranges>
 #include <stdexcept>
 #include <vector>
 
@@ -128,10 +127,10 @@ private:
                 return unexpected(left.error());
             m_here = m_folders[m_here].parent;
         }
-        for (const std::size_t next : down | std::views::reverse) {
-            if (SystemResult<void> entered = m_cursor.enter(m_folders[next].name); !entered)
+        for (auto next = down.rbegin(); next != down.rend(); ++next) {
+            if (SystemResult<void> entered = m_cursor.enter(m_folders[*next].name); !entered)
                 return entered;
-            m_here = next;
+            m_here = *next;
         }
         return {};
     }
@@ -194,8 +193,8 @@ private:
         for (; folder != 0; folder = m_folders[folder].parent)
             names.push_back(folder);
         std::string path = m_folders[0].name;
-        for (const std::size_t index : names | std::views::reverse)
-            path += "/" + m_folders[index].name;
+        for (auto name = names.rbegin(); name != names.rend(); ++name)
+            path += "/" + m_folders[*name].name;
         return path;
     }
 

@@ -10,7 +10,17 @@ namespace quillon::HTMLRenderer {
 
 void formatNumber(std::string& out, double value) {
     // A minus zero is no value of its own in CSS.
-    appendShortest(out, std::isfinite(value) && value != 0 ? value : 0.0);
+    const double shown = std::isfinite(value) && value != 0 ? value : 0.0;
+    if (std::trunc(shown) == shown) {
+        appendShortest(out, shown);
+        return;
+    }
+    // Table cells and map addresses show these digits too: no exponent. The smallest float has 324 decimals
+    // and 17 digits.
+    std::array<char, 352> digits;
+    const auto written =
+        std::to_chars(digits.data(), digits.data() + digits.size(), shown, std::chars_format::fixed);
+    out.append(digits.data(), written.ptr);
 }
 
 std::string formatNumber(double value) {

@@ -150,6 +150,9 @@ void advance(Place& place, std::string_view paragraph, const RangeSweep& ranges)
 int64_t renderStyledCharacters(std::string& out, std::string_view paragraph, int64_t base,
                                RangeSweep& ranges) {
     ranges.moveTo(base);
+    if (paragraph.empty()) {
+        return base; // nothing to style: joining the looks of many ranges would be for nothing
+    }
     RunLook look;
     RunLook next;
     ranges.read(look);

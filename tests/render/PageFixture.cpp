@@ -2,6 +2,8 @@
 
 #include "render/Components.h"
 
+#include <gtest/gtest.h>
+
 namespace quillon {
 
 using namespace HTMLRenderer;

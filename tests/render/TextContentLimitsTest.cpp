@@ -216,6 +216,9 @@ TEST(TextContentLimits, manyRanges) {
         }
         return found;
     };
+    const std::vector<StyledRange> covers(
+        count, StyledRange{0, std::numeric_limits<int64_t>::max(), "font-size: 3px;", std::nullopt});
+    EXPECT_EQ(countOf(render("\n", covers), "<p></p>"), static_cast<int64_t>(megabyte) / 2 + 1);
     EXPECT_EQ(countOf(render("a", apart), "<span"), count);
     EXPECT_EQ(countOf(render("a\n\n", alike), "<span"), (count * 100 + 2) / 3);
     EXPECT_EQ(countOf(render("a", alike), "<span"), 1);

@@ -377,5 +377,34 @@ TEST(TextContent, dropCapLiesOverRanges) {
         R"(<a href="https://x"><span style="font-size: 2px;">b</span></a></p>)");
 }
 
+TEST(TextContent, stepsOfHtmlFollowEachOther) {
+    const TextFixture fixture(R"("textStyles":{"red":{"textColor":"red"}},)");
+    const auto contentOf = [&](const char* text, const char* style) {
+        return fixture.contentOf(textComponent(text, TextFormat::html, style));
+    };
+    EXPECT_EQ(contentOf(R"(<a data-anf-textstyle="red"><a data-anf-textstyle="missing">)",
+                        R"({"linkStyle":{"textColor":"l"}})"),
+              R"(<a style="color: red;"><a style="color: l;" >)");
+    EXPECT_EQ(
+        contentOf("<a <ul>", R"({"linkStyle":{"textColor":"l"},"unorderedListItems":{"type":"bullet"}})"),
+        R"(<a <ul style="list-style-type: disc;">)");
+    EXPECT_EQ(contentOf("<ul>", R"({"unorderedListItems":{"type":"character","character":"\"><b>"}})"),
+              R"(<ul style="list-style-type: '&quot;&gt;&lt;b&gt;';">)");
+}
+
+TEST(TextContent, namedStylesHaveVariants) {
+    constexpr const char* tables = R"("textStyles":{"v":{"textColor":"a","conditional":[
+        {"conditions":[{"preferredColorScheme":"dark"}],"textColor":"b"}]}},)";
+    const Component html = textComponent(R"(<b data-anf-textstyle="v">)", TextFormat::html, "{}");
+    const auto plain = readRecord<Component>(
+        R"({"role":"body","text":"x","inlineTextStyles":[{"rangeStart":0,"rangeLength":1,"textStyle":"v"}]})");
+    const TextFixture light(tables);
+    const TextFixture dark(tables, PreviewAppearance::dark);
+    EXPECT_EQ(light.contentOf(html), R"(<b style="color: a;">)");
+    EXPECT_EQ(dark.contentOf(html), R"(<b style="color: b;">)");
+    EXPECT_EQ(light.contentOf(plain), R"(<p><span style="color: a;">x</span></p>)");
+    EXPECT_EQ(dark.contentOf(plain), R"(<p><span style="color: b;">x</span></p>)");
+}
+
 } // namespace
 } // namespace quillon::HTMLRenderer

@@ -25,6 +25,14 @@ TEST(TextStyleCss, declarationsOfBothFamilies) {
     };
     constexpr Case cases[] = {
         {R"({})", ""},
+        {R"({"tracking":0.0001})", "letter-spacing: 0.0001em;"},
+        {R"({"tracking":-0.00005})", "letter-spacing: -0.00005em;"},
+        {R"({"tracking":-0.0})", "letter-spacing: 0em;"},
+        {R"({"tracking":1e18})", "letter-spacing: 1000000000000000000em;"},
+        {R"({"tracking":0.30000000000000004})", "letter-spacing: 0.30000000000000004em;"},
+        {R"({"strikethrough":{"color":"c"}})", "text-decoration: line-through;text-decoration-color: c;"},
+        {R"({"underline":{},"strikethrough":{"color":"c"}})",
+         "text-decoration: underline line-through;text-decoration-color: c;"},
         {R"({"fontName":"Al'Nile\";<b>&"})",
          "font-family: 'AlNileb&', -apple-system, 'SF Pro Text', 'Helvetica Neue', sans-serif;"},
         {R"({"fontName":"","fontFamily":"B"})",
@@ -162,7 +170,8 @@ TEST(TextStyleCss, cascade) {
     constexpr const char* tables = R"("componentTextStyles":{
         "default":{"fontSize":1,"textColor":"default","linkStyle":{"textColor":"x","fontSize":4},
             "conditional":[{"conditions":[{"preferredColorScheme":"dark"}],"fontSize":9}]},
-        "default-body":{"textColor":"body","linkStyle":{"fontStyle":"italic"}},
+        "default-body":{"textColor":"body","linkStyle":{"fontStyle":"italic"},
+            "conditional":[{"conditions":[{"preferredColorScheme":"dark"}],"fontStyle":"dim"}]},
         "own":{"textColor":"own","conditional":[{"conditions":[{"preferredColorScheme":"dark"}],
             "textColor":"night"}]}},)";
     struct Case {
@@ -174,14 +183,17 @@ TEST(TextStyleCss, cascade) {
     constexpr Case cases[] = {
         {R"({"role":"title"})", "font-size: 1px;color: default;", "font-size: 9px;color: default;",
          "font-size: 4px;color: x;"},
-        {R"({"role":"body"})", "font-size: 1px;color: body;", "font-size: 9px;color: body;",
+        {R"({"role":"body"})", "font-size: 1px;color: body;", "font-size: 9px;font-style: dim;color: body;",
          "font-style: italic;"},
         {R"({"role":"body","textStyle":"missing"})", "font-size: 1px;color: body;",
-         "font-size: 9px;color: body;", "font-style: italic;"},
-        {R"({"role":"body","textStyle":"own"})", "font-size: 1px;color: own;", "font-size: 9px;color: night;",
-         "font-style: italic;"},
+         "font-size: 9px;font-style: dim;color: body;", "font-style: italic;"},
+        {R"({"role":"body","textStyle":"own"})", "font-size: 1px;color: own;",
+         "font-size: 9px;font-style: dim;color: night;", "font-style: italic;"},
         {R"({"role":"body","textStyle":{"fontSize":5,"linkStyle":{}}})", "font-size: 5px;color: body;",
-         "font-size: 5px;color: body;", ""},
+         "font-size: 5px;font-style: dim;color: body;", ""},
+        {R"({"role":"title","textStyle":{"fontSize":5,"conditional":[
+             {"conditions":[{"preferredColorScheme":"dark"}],"fontSize":6}]}})",
+         "font-size: 5px;color: default;", "font-size: 6px;color: default;", "font-size: 4px;color: x;"},
     };
     const TextFixture light(tables);
     const TextFixture dark(tables, PreviewAppearance::dark);
