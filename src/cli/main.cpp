@@ -7,6 +7,10 @@
 #include <iostream>
 #include <new>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 namespace {
 
 using namespace quillon::cli;
@@ -21,7 +25,19 @@ int report(const Result<void>& result) {
     return result.error().isUsage ? usageStatus : 1;
 }
 
+/// A command runs once and ends: memory that is given back between its steps would only be asked for again,
+/// page by page.
+void keepFreedMemory() {
+#ifdef __GLIBC__
+    constexpr int megabyte = 1 << 20;
+    mallopt(M_MMAP_THRESHOLD, 1024 * megabyte);
+    mallopt(M_TRIM_THRESHOLD, 1024 * megabyte);
+    mallopt(M_TOP_PAD, 16 * megabyte);
+#endif
+}
+
 int run(int argc, char** argv) {
+    keepFreedMemory();
     // A reader that goes away shows as a failed write, with a message and a status of its own.
     std::signal(SIGPIPE, SIG_IGN);
 
