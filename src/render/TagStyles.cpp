@@ -1,6 +1,7 @@
 #include "render/TagStyles.h"
 
 #include "base/Regex.h"
+#include "render/EscapeHtml.h"
 #include "render/TextStyleCss.h"
 
 namespace quillon::HTMLRenderer {
@@ -53,7 +54,7 @@ void markLists(std::string& html, std::string_view opening, const Optional<ListI
         return;
     }
     if (const auto value = listMarkerValue(*items)) {
-        styleTags(html, opening, "list-style-type: " + *value + ";");
+        styleTags(html, opening, "list-style-type: " + escapeHTML(*value) + ";");
     }
 }
 

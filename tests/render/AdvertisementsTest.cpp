@@ -104,12 +104,15 @@ TEST(Advertisements, roles) {
         {replica("https://a.example/a.JpEg?b?c"), shown("https://a.example/a.JpEg?b?c")},
         {replica("https://a.example/a?f=b.png"), notShown("https://a.example/a?f=b.png")},
         {replica("https://a.example/a.png#b"), notShown("https://a.example/a.png#b")},
+        {replica("http://a.example/a.jpg"), shown("http://a.example/a.jpg")},
         {replica("ad.png"), notShown("ad.png")},
         {replica("HTTPS://a.example/a.png"), notShown("HTTPS://a.example/a.png")},
         {R"({"role":"replica_advertisement","URL":"bundle://a.gif","accessibilityCaption":"\"<",)"
          R"("style":{"opacity":0.5}})",
          "<figure class=\"image replica-ad\" style=\"opacity: 0.5;\">\n"
          "<img src=\"bundle://a.gif\" alt=\"&quot;&lt;\">\n</figure>"},
+        {R"({"role":"replica_advertisement","URL":"bundle://a.gif","accessibilityCaption":""})",
+         "<figure class=\"image replica-ad\">\n<img src=\"bundle://a.gif\" alt=\"\">\n</figure>"},
     };
     for (const auto& expected : cases) {
         SCOPED_TRACE(expected.component);

@@ -20,13 +20,16 @@ TEST(ComponentStyleCss, declarations) {
          "border-top: 1px solid #000000;border-radius: 0px 0px 0px 0px; overflow: hidden;"
          "box-shadow: 0px 0px 0px #000000;"},
 
-        {R"({"fill":{"URL":"https://a.example/b.png"}})", ""},
+        {R"({"fill":{"URL":"https://a.example/b.png","attachment":"fixed"}})", ""},
         {R"({"fill":{"type":"image","URL":"https://a.example/b.png?x=1&y=2"}})",
          "background-image: url('https://a.example/b.png?x=1&amp;y=2'); background-size: cover; "
          "background-repeat: no-repeat; background-position: center center;"},
         {R"({"fill":{"type":"image","URL":"bundle://b.png","fillMode":"fit","horizontalAlignment":"left","verticalAlignment":"top"}})",
          "background-image: url('bundle://b.png'); background-size: contain; background-repeat: no-repeat; "
          "background-position: left top;"},
+        {R"({"fill":{"type":"image","URL":"bundle://b","fillMode":"stretch","horizontalAlignment":"\"<","verticalAlignment":"&"}})",
+         "background-image: url('bundle://b'); background-size: cover; background-repeat: no-repeat; "
+         "background-position: &quot;&lt; &amp;;"},
         {R"({"fill":{"type":"image","URL":"b.png","attachment":"fixed"}})", "background-attachment: fixed;"},
         {R"({"fill":{"type":"image","URL":"HTTPS://b.png","attachment":"scroll"}})", ""},
         {R"({"fill":{"type":"video","URL":"bundle://b.mp4"}})", ""},
@@ -42,12 +45,21 @@ TEST(ComponentStyleCss, declarations) {
          "background-image: url('bundle://b.png'); background-repeat: repeat-y;"},
         {R"({"fill":{"type":"repeatable_image","URL":"bundle://b.png","repeat":"none"}})",
          "background-image: url('bundle://b.png'); background-repeat: no-repeat;"},
+        {R"({"fill":{"type":"repeatable_image","URL":"b.png","width":1,"height":2,"repeat":"x"}})", ""},
+        {R"({"fill":{"type":"repeatable_image","URL":"bundle://b.png","height":10,"repeat":"X"}})",
+         "background-image: url('bundle://b.png'); background-repeat: repeat;"},
         {R"({"fill":{"type":"linear_gradient","colorStops":[]}})", ""},
+        {R"({"fill":{"type":"linear_gradient","attachment":"fixed"}})", "background-attachment: fixed;"},
+        {R"({"fill":{"type":"linear_gradient","colorStops":[{"color":"\"><"}]}})",
+         "background-image: linear-gradient(180deg, &quot;&gt;&lt;);"},
         {R"({"fill":{"type":"linear_gradient","angle":45.5,"colorStops":[{"color":"#FFF","location":50},{"color":"red","location":0.5},{"location":100}]}})",
          "background-image: linear-gradient(45.5deg, #FFF 50%, red 0.5%, #000000 100%);"},
         {R"({"fill":{"type":"hologram","attachment":"fixed"}})", "background-attachment: fixed;"},
 
         {R"({"border":{"top":true,"left":true}})", ""},
+        {R"({"border":{"all":{"style":"\""}}})",
+         "border-top: 1px &quot; #000000;border-bottom: 1px &quot; #000000;"
+         "border-left: 1px &quot; #000000;border-right: 1px &quot; #000000;"},
         {R"({"border":{"all":{"width":9223372036854775807,"color":"\"","style":"dashed"},"top":false,"left":true}})",
          "border-bottom: 9223372036854775807px dashed &quot;;border-left: 9223372036854775807px dashed "
          "&quot;;"
@@ -62,6 +74,7 @@ TEST(ComponentStyleCss, declarations) {
         {R"({"shadow":{"color":"#abc","opacity":0.5,"radius":4,"offset":{"x":-1.25,"y":"2pt"}}})",
          "box-shadow: -1.25px 2px 4px rgba(170, 187, 204, 0.5);"},
         {R"({"shadow":{"radius":"wide","offset":{"y":3}}})", "box-shadow: 0px 3px 0px #000000;"},
+        {R"({"shadow":{"opacity":0.5}})", "box-shadow: 0px 0px 0px rgba(0, 0, 0, 0.5);"},
     };
     for (const StyleCase& test : cases) {
         SCOPED_TRACE(test.json);

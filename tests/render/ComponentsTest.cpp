@@ -64,6 +64,9 @@ TEST(Components, wrapper) {
               R"(<div class="component flexible-spacer-component anim-appear" data-component-id="ID" )"
               R"(style="grid-column: 1 / -1;"><div class="flexible-spacer"></div>)"
               "\n</div>\n");
+    EXPECT_EQ(bodyOf(articleOf(R"({"role":"divider","style":{"backgroundColor":"red"},"stroke":{"width":3},)"
+                               R"("textStyle":{"textColor":"red"}})")),
+              wrapped(rule));
     EXPECT_EQ(bodyOf(articleOf("")), "");
     EXPECT_EQ(bodyOf(articleOf(R"({"role":"divider"},{"role":"divider"})")), wrapped(rule) + wrapped(rule));
 }
@@ -197,6 +200,9 @@ TEST(Components, headers) {
          "<header class=\"header\" style=\"background-color: red;" + grid +
              "padding-right: 50px;min-height: 10px;\">\n" + wrapped(rule) + "</header>\n"},
         {R"({"role":"header"})", "<header class=\"header\" style=\"" + grid + "\">\n</header>\n"},
+        // The address of a fill is not trimmed.
+        {R"({"role":"header","style":{"fill":{"type":"image","URL":" bundle://a"}}})",
+         "<header class=\"header\" style=\"" + grid + "\">\n</header>\n"},
         {R"({"role":"header","style":{"fill":{"type":"video","URL":"bundle://a","stillURL":"b"}}})",
          "<header class=\"header\" style=\"" + grid + "\">\n</header>\n"},
     });
@@ -342,6 +348,19 @@ constexpr std::string_view nightStyle =
     R"("style":{"backgroundColor":"red","conditional":[{"backgroundColor":"blue",)"
     R"("conditions":[{"preferredColorScheme":"dark"}]}]})";
 
+/// The class attributes of `html` that have a dark class, each closed with "; ".
+std::string darkClasses(const std::string& html) {
+    std::string classes;
+    for (size_t at = 0; (at = html.find("<", at)) != std::string::npos; ++at) {
+        const std::string tag = html.substr(at, html.find('>', at) - at);
+        if (tag.find(" dk") != std::string::npos) {
+            const size_t start = tag.find("class=\"") + 7;
+            classes += tag.substr(start, tag.find('"', start) - start) + "; ";
+        }
+    }
+    return classes;
+}
+
 TEST(Components, darkRulesAreNumberedChildrenFirst) {
     const std::string style(nightStyle);
     const ArticleDocument article =
@@ -356,18 +375,47 @@ TEST(Components, darkRulesAreNumberedChildrenFirst) {
     renderBody(page, state.contextOf(article, environment));
     const std::string body = page.take();
 
-    std::string classes;
-    for (size_t at = 0; (at = body.find("<", at)) != std::string::npos; ++at) {
-        const std::string tag = body.substr(at, body.find('>', at) - at);
-        if (const size_t name = tag.find(" dk"); name != std::string::npos) {
-            const size_t start = tag.find("class=\"") + 7;
-            classes += tag.substr(start, tag.find('"', start) - start) + "; ";
-        }
-    }
-    EXPECT_EQ(classes, "role-body dk1; container dk6; role-title dk2; header dk4; role-quote dk3; "
-                       "role-intro dk5; html-table dk7; ");
+    EXPECT_EQ(darkClasses(body), "role-body dk1; container dk6; role-title dk2; header dk4; role-quote dk3; "
+                                 "role-intro dk5; html-table dk7; ");
     EXPECT_THAT(state.darkCSS.rules, testing::SizeIs(7));
     EXPECT_THAT(state.darkCSS.rules, testing::Each(HasSubstr("{background-color: blue !important;}")));
+}
+
+TEST(Components, darkRulesOfRoles) {
+    const std::string style(nightStyle);
+    const std::string layered =
+        R"(,"scene":{"type":"parallax_scale"},"components":[{"role":"divider","anchor":{}}]})";
+    const struct {
+        std::string component;
+        std::string_view classes;
+    } cases[] = {
+        {R"({"role":"chapter",)" + style + layered,
+         "section chapter layered-container scene-parallax-scale dk1; "},
+        {R"({"role":"header",)" + style + layered, "header layered-container dk1; "},
+        {R"({"role":"header","style":{"fill":{"type":"image","URL":"bundle://a"},"conditional":[{"opacity":0.5,)"
+         R"("conditions":[{"preferredColorScheme":"dark"}]}]}})",
+         ""},
+        {R"({"role":"divider",)" + style + "}", ""},
+        {R"({"role":"gallery","items":[{"URL":"bundle://a"}],)" + style + "}", ""},
+        {R"({"role":"button",)" + style + "}", ""},
+        {R"({"role":"video","URL":"bundle://a",)" + style + "}", ""},
+        {R"({"role":"article_link",)" + style + "}", ""},
+        {R"({"role":"new","text":"a",)" + style + "}", ""},
+        // The text style of what shows no text of its own counts for nothing.
+        {R"({"role":"container","textStyle":{"conditional":[{"textColor":"blue",)"
+         R"("conditions":[{"preferredColorScheme":"dark"}]}]}})",
+         ""},
+    };
+    for (const auto& expected : cases) {
+        SCOPED_TRACE(expected.component);
+        const ArticleDocument article = articleOf(expected.component);
+        const PreviewEnvironment environment = wideEnvironment();
+        RenderState state;
+        PageText page;
+        renderBody(page, state.contextOf(article, environment));
+        EXPECT_EQ(darkClasses(page.take()), expected.classes);
+        EXPECT_EQ(state.darkCSS.rules.size(), expected.classes.empty() ? 0 : 1);
+    }
 }
 
 TEST(Components, variantsAreLaidOverTheComponent) {

@@ -170,6 +170,40 @@ TEST(Conditions, referencesLeadToTheArticlesStyles) {
     EXPECT_FALSE(resolveTextStyleNamed("t", Fixture("").context));
 }
 
+/// Long lists are worked out once: the second answer is the block of the first.
+TEST(Conditions, stylesWithManyVariantsAreSharedByTheirUsers) {
+    std::string variants = R"({"textColor":"first"})";
+    for (int i = 1; i <= 20; ++i) {
+        const std::string number = std::to_string(i);
+        variants += R"(,{"fontSize":)" + number + R"(,"columnSpan":)" + number + R"(,"opacity":)" + number +
+                    (i % 2 ? R"(,"conditions":[{"preferredColorScheme":"dark"}]})" : "}");
+    }
+    const std::string styles = R"({"s":{"conditional":[)" + variants + "]}},";
+    Fixture fixture(R"("componentStyles":)" + styles + R"("componentTextStyles":)" + styles +
+                    R"("componentLayouts":)" + styles + R"("textStyles":)" + styles);
+    const PageContext& context = fixture.context;
+    const auto style = readRecord<StyleReference>(R"("s")");
+    const auto component = readRecord<Component>(R"({"role":"body","textStyle":"s"})");
+    for (int round = 0; round < 2; ++round) {
+        EXPECT_EQ(resolveComponentStyle(style, context)->opacity, 20);
+        EXPECT_EQ(darkComponentStyle(style, context)->opacity, 19);
+        EXPECT_EQ(darkComponentTextStyle(component, context)->fontSize, 19);
+        EXPECT_FALSE(darkComponentTextStyle(component, context)->textColor);
+        EXPECT_EQ(resolveTextStyleNamed("s", context)->fontSize, 20);
+        EXPECT_EQ(resolveLayout(readRecord<StyleRef<ComponentLayout>>(R"("s")"), context)->columnSpan, 20);
+        const auto& named = fixture.article.componentTextStyles->at("s").handle();
+        EXPECT_EQ(applyVariants(named, context)->textColor, "first");
+        EXPECT_TRUE(applyVariants(named, context).isIdentical(applyVariants(named, context)));
+        EXPECT_TRUE(darkComponentStyle(style, context).isIdentical(darkComponentStyle(style, context)));
+    }
+    // A style that is gone leaves no answer for one that takes its place in memory.
+    for (const std::string_view color : {"a", "b", "c"}) {
+        const SharedOptional<TextStyle> passing = readRecord<TextStyle>(
+            R"({"conditional":[{},{},{},{},{"textColor":")" + std::string(color) + R"("}]})");
+        EXPECT_EQ(applyVariants(passing, context)->textColor, color);
+    }
+}
+
 TEST(Conditions, componentsTakeTheFieldsOfTheirVariants) {
     const auto component = readRecord<Component>(
         R"({"role":"body","text":"t","hidden":false,"accessibilityCaption":"a","style":"s","conditional":[)"

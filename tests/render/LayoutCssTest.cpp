@@ -80,6 +80,8 @@ TEST(LayoutCss, layouts) {
          "grid-column: 1 / span 4;grid-column: 1 / -1;margin-right: calc(50% - 50vw);"},
         {R"({"ignoreViewportPadding":"both"})", "grid-column: 1 / span 4;grid-column: 1 / -1;margin-left: "
                                                 "calc(50% - 50vw);margin-right: calc(50% - 50vw);"},
+        {R"({"ignoreViewportPadding":""})", "grid-column: 1 / span 4;grid-column: 1 / -1;margin-left: "
+                                            "calc(50% - 50vw);margin-right: calc(50% - 50vw);"},
         {R"({"ignoreViewportPadding":"none","ignoreDocumentMargin":true})",
          "grid-column: 1 / span 4;margin-left: -25px;margin-right: -25px;"},
         {R"({"ignoreViewportPadding":false,"ignoreDocumentMargin":"left"})",
@@ -96,6 +98,9 @@ TEST(LayoutCss, layouts) {
          "grid-column: 1 / span 1;margin-top: 5vh;margin-bottom: 95px;"},
         {R"({"margin":{"bottom":2}})", "grid-column: 1 / span 4;margin-bottom: 1px;"},
         {R"({"minimumHeight":"\"><b>1vh"})", "grid-column: 1 / span 4;min-height: &quot;&gt;&lt;b&gt;1vh;"},
+
+        {R"({"minimumHeight":"100cw","maximumContentWidth":"50cw","columnSpan":2})",
+         "grid-column: 1 / span 2;min-height: 200px;max-width: 100px;"},
 
         {R"({"contentInset":true})", "grid-column: 1 / span 4;padding: 16px;"},
         {R"({"contentInset":false})", "grid-column: 1 / span 4;"},
@@ -119,6 +124,17 @@ TEST(LayoutCss, layouts) {
         layoutCSS(css, &layout, std::nullopt, halvedGrid());
         EXPECT_EQ(css, test.css);
     }
+}
+
+TEST(LayoutCss, aMarginThatIsReachedOverKeepsItsDecimals) {
+    const GridMetrics grid = gridMetrics({.columns = 7, .width = 1024, .margin = 60, .gutter = 20}, 800);
+    const auto layout = readRecord<ComponentLayout>(R"({"ignoreDocumentMargin":true})");
+    std::string css;
+    layoutCSS(css, &layout, std::nullopt, grid);
+    EXPECT_EQ(css, "grid-column: 1 / span 7;margin-left: -46.875px;margin-right: -46.875px;");
+    css.clear();
+    marginInsetCSS(css, &layout, grid);
+    EXPECT_EQ(css, "padding-left: 46.875px;padding-right: 46.875px;");
 }
 
 TEST(LayoutCss, withoutALayout) {

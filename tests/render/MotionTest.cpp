@@ -40,6 +40,9 @@ TEST(Motion, animations) {
         EXPECT_EQ(animationClass(animation), test.className);
         EXPECT_EQ(variables, test.variables);
     }
+    std::string variables;
+    animationVariables(variables, std::nullopt);
+    EXPECT_EQ(variables, "");
     EXPECT_EQ(animationClass(std::nullopt), "");
 }
 
@@ -96,6 +99,9 @@ TEST(Motion, scenes) {
         EXPECT_EQ(sceneClass(scene), test.className);
         EXPECT_EQ(variables, test.variables);
     }
+    std::string variables;
+    sceneVariables(variables, std::nullopt);
+    EXPECT_EQ(variables, "");
     EXPECT_EQ(sceneClass(std::nullopt), "");
 }
 

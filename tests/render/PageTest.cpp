@@ -6,6 +6,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
+#include <thread>
+
 namespace quillon::HTMLRenderer {
 namespace {
 
@@ -72,6 +75,7 @@ TEST(Page, darkRulesByAppearance) {
     const std::string extra =
         "@media (prefers-color-scheme: dark){body{background: &quot;blue&quot; !important;}}"
         "@media (prefers-color-scheme: dark){.dk1{opacity: 0.5 !important;}}";
+    EXPECT_THAT(pageOf(articleOf("", R"(,"colorScheme":{})")), HasSubstr("color-scheme: light dark;"));
     const struct {
         PreviewAppearance appearance;
         bool automaticDark;
@@ -124,6 +128,32 @@ TEST(Page, backgrounds) {
                   expected.effective);
         EXPECT_EQ(darkBackgroundColor(article), expected.inTheDark);
     }
+}
+
+/// Renders share patterns and tables that are made at the first use.
+TEST(Page, threadsRenderAtOnce) {
+    const ArticleDocument article = articleOf(
+        R"({"role":"body","format":"html","text":"<p data-anf-textstyle=\"s\">a <a href=\"b\">b</a>é</p><ul>c</ul>"},)"
+        R"({"role":"body","format":"markdown","text":"**a** [b](c)\n\n- d"},)"
+        R"({"role":"tiktok","URL":"https://t.example/video/12"},{"role":"title","text":"x"})",
+        R"(,"textStyles":{"s":{"fontSize":9,"conditional":[{"fontSize":1},{"fontSize":2},{"fontSize":3},)"
+        R"({"fontSize":4},{"fontSize":5}]}},"componentTextStyles":{"default":{"linkStyle":{"textColor":"red"},)"
+        R"("unorderedListItems":{"type":"bullet"}}})");
+    std::array<std::string, 2> pages;
+    {
+        std::vector<std::jthread> threads;
+        for (std::string& page : pages) {
+            threads.emplace_back([&article, &page] {
+                for (int round = 0; round < 20; ++round) {
+                    page = pageOf(article);
+                }
+            });
+        }
+    }
+    const std::string expected = pageOf(article);
+    EXPECT_THAT(expected, HasSubstr("<p style=\"font-size: 5px;\">a <a style=\"color: red;\" href"));
+    EXPECT_EQ(pages[0], expected);
+    EXPECT_EQ(pages[1], expected);
 }
 
 TEST(PageScripts, followTheRolesOfTheArticle) {

@@ -85,7 +85,13 @@ TEST(PreviewEnvironment, everyFieldTellsTwoApart) {
         other.*field = value;
         return !(other == one);
     };
+    EXPECT_FALSE(differs(&PreviewEnvironment::platform, "ios"));
+    EXPECT_TRUE(differs(&PreviewEnvironment::viewportWidth, 769));
     EXPECT_TRUE(differs(&PreviewEnvironment::viewportHeight, std::nullopt));
+    EXPECT_TRUE(differs(&PreviewEnvironment::platform, "macos"));
+    EXPECT_TRUE(differs(&PreviewEnvironment::horizontalSizeClass, "compact"));
+    EXPECT_TRUE(differs(&PreviewEnvironment::verticalSizeClass, "compact"));
+    EXPECT_TRUE(differs(&PreviewEnvironment::label, "Mac"));
     EXPECT_TRUE(differs(&PreviewEnvironment::appearance, PreviewAppearance::dark));
     EXPECT_TRUE(differs(&PreviewEnvironment::mapsEmbedToken, "token"));
     EXPECT_TRUE(differs(&PreviewEnvironment::mapsEmbedOrigin, ""));

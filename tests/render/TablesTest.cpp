@@ -3,7 +3,9 @@
 #include "render/TableLooks.h"
 
 #include <gtest/gtest.h>
+#include <rapidcheck/gtest.h>
 
+#include <algorithm>
 #include <limits>
 
 namespace quillon::HTMLRenderer {
@@ -217,6 +219,58 @@ TEST(Tables, selectorsOfCells) {
     const auto noSelectors = readRecord<TableCellStyle>(R"({"conditional":[{"backgroundColor":"yes"}]})");
     EXPECT_EQ(effectiveCell(&noSelectors, 0, 0, descriptor), EffectiveCell{});
     EXPECT_EQ(effectiveCell(nullptr, 0, 0, descriptor), EffectiveCell{});
+}
+
+/// Whether a selector chooses a cell, tested field by field.
+bool chooses(const TableCellSelector& selector, size_t row, size_t column, const DataDescriptor& descriptor) {
+    const auto agrees = [](std::optional<bool> odd, std::optional<bool> even, std::optional<int64_t> index,
+                           size_t place) {
+        return !(odd == true && place % 2 == 1) && !(even == true && place % 2 == 0) &&
+               (!index || *index == static_cast<int64_t>(place));
+    };
+    return agrees(selector.oddRows, selector.evenRows, selector.rowIndex, row) &&
+           agrees(selector.oddColumns, selector.evenColumns, selector.columnIndex, column) &&
+           (!selector.descriptor || selector.descriptor == descriptor.identifier);
+}
+
+RC_GTEST_PROP(Tables, aCellTakesFromEachVariantThatChoosesIt, ()) {
+    const auto flag = [] {
+        return *rc::gen::element<std::optional<bool>>(std::nullopt, std::nullopt, std::nullopt, true, false);
+    };
+    const auto index = [] {
+        return *rc::gen::element<std::optional<int64_t>>(std::nullopt, std::nullopt, 0, 1, 2, -1);
+    };
+    const auto name = [] {
+        return *rc::gen::element<Optional<std::string>>(std::nullopt, std::nullopt, "A", "B");
+    };
+    std::vector<ConditionalTableCellStyle> variants(*rc::gen::inRange<size_t>(0, 8));
+    for (ConditionalTableCellStyle& variant : variants) {
+        for (int count = *rc::gen::inRange(0, 3); count > 0; --count) {
+            variant.selectors.edit().push_back({flag(), flag(), flag(), flag(), index(), index(), name()});
+        }
+        variant.backgroundColor = name();
+        variant.verticalAlignment = name();
+    }
+    DataDescriptor descriptor;
+    descriptor.identifier = name();
+    const auto row = *rc::gen::inRange<size_t>(0, 4);
+    const auto column = *rc::gen::inRange<size_t>(0, 4);
+    TableCellStyle style;
+    style.backgroundColor = "base";
+
+    EffectiveCell expected{.backgroundColor = style.backgroundColor};
+    for (const ConditionalTableCellStyle& variant : variants) {
+        if (variant.selectors && std::ranges::any_of(*variant.selectors, [&](const auto& selector) {
+                return chooses(selector, row, column, descriptor);
+            })) {
+            expected.backgroundColor =
+                variant.backgroundColor ? variant.backgroundColor : expected.backgroundColor;
+            expected.verticalAlignment =
+                variant.verticalAlignment ? variant.verticalAlignment : expected.verticalAlignment;
+        }
+    }
+    style.conditional = variants;
+    RC_ASSERT(effectiveCell(&style, row, column, descriptor) == expected);
 }
 
 TEST(Tables, laterVariantsOfACellWin) {

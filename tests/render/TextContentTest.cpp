@@ -138,6 +138,10 @@ TEST(TextContent, listMarkers) {
     EXPECT_EQ(fixture.contentOf(
                   textComponent("<ul><ol>", TextFormat::html, R"({"unorderedListItems":{"type":"square"}})")),
               "<ul><ol>");
+    EXPECT_EQ(
+        fixture.contentOf(textComponent(
+            "<ul>", TextFormat::html, R"({"unorderedListItems":{"type":"character","character":"\"<'&"}})")),
+        "<ul style=\"list-style-type: '&quot;&lt;&amp;';\">");
 }
 
 TEST(TextContent, dropCaps) {
