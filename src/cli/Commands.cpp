@@ -105,7 +105,9 @@ Result<void> save(const std::string& package, const std::string& to, Replace rep
     if (!document) {
         return unexpected(document.error());
     }
-    const auto report = savePackage(*document, target);
+    const auto report =
+        savePackage(*document, target,
+                    to.empty() || replace == Replace::existingPackage ? Existing::replace : Existing::refuse);
     if (!report) {
         return failed(report.error().message(target));
     }

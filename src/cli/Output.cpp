@@ -1,6 +1,7 @@
 #include "cli/Output.h"
 
 #include "base/DiskFailure.h"
+#include "base/Regex.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -81,10 +82,10 @@ Result<void> writeOutput(std::string_view text, const std::string& path) {
 }
 
 std::string onOneLine(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; },
-        ' ');
-    return text;
+    // Control characters of both ranges, the line and paragraph separators, and what turns the direction of
+    // text.
+    static const Regex unprintable("[\\x{00}-\\x{1F}\\x{7F}-\\x{9F}\\x{2028}-\\x{202E}\\x{2066}-\\x{2069}]");
+    return unprintable.replaceAllLiterally(text, " ");
 }
 
 } // namespace quillon::cli

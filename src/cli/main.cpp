@@ -119,7 +119,12 @@ int run(int argc, char** argv) {
     CLI::App* recentsCommand =
         app.add_subcommand("recents", "list packages: title, subtitle, date, thumbnail, readable or not");
     recentsCommand->add_option("FOLDER", folders, "packages, in the order of the list")->required();
-    recentsCommand->add_option("--limit", limit, "how many lines at most")->type_name("COUNT");
+    recentsCommand->add_option("--limit", limit, "how many lines at most")
+        ->check([](const std::string& text) {
+            const bool isCount = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+            return isCount ? std::string() : "expected a whole number, found \"" + text + "\"";
+        })
+        ->type_name("COUNT");
 
     try {
         app.parse(argc, argv);

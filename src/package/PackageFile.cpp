@@ -29,13 +29,13 @@ Expected<ArticleDocument, PackageFailure> openPackageArticle(const std::string& 
     return withFolder(path, readPackageArticle);
 }
 
-Expected<SaveReport, PackageFailure> savePackage(const ArticleFileDocument& document,
-                                                 const std::string& path) {
+Expected<SaveReport, PackageFailure> savePackage(const ArticleFileDocument& document, const std::string& path,
+                                                 Existing existing) {
     const auto root = writePackage(document);
     if (!root) {
         return unexpected(root.error());
     }
-    auto report = writeFolder(*root, path);
+    auto report = writeFolder(*root, path, systemFileSystem(), existing);
     if (!report) {
         return unexpected(PackageFailure{std::move(report.error())});
     }

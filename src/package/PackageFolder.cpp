@@ -21,8 +21,9 @@ struct LockedFolder {
 
 class FolderSave {
 public:
-    FolderSave(FileSystem& fileSystem, const PackagePlace& place)
-        : m_fileSystem(fileSystem), m_place(place), m_workName(newSideName(place.name, SideKind::work)) {}
+    FolderSave(FileSystem& fileSystem, const PackagePlace& place, Existing existing)
+        : m_fileSystem(fileSystem), m_place(place), m_existing(existing),
+          m_workName(newSideName(place.name, SideKind::work)) {}
 
     Expected<SaveReport, DiskFailure> run(const FileWrapper& tree) {
         if (Outcome opened = openOld(); !opened) {
@@ -53,6 +54,9 @@ private:
         }
         if (!status) {
             return failure(m_place.path, status.error());
+        }
+        if (m_existing == Existing::refuse) {
+            return failure(m_place.path, EEXIST);
         }
         if (status->kind != NodeKind::folder) {
             return failure(m_place.path, ENOTDIR);
@@ -187,6 +191,7 @@ private:
 
     FileSystem& m_fileSystem;
     const PackagePlace& m_place;
+    Existing m_existing;
     const std::string m_workName;
     std::string m_asideName;  ///< empty while the old package has not been moved aside
     bool m_workIsOld = false; ///< the old package has the work name
@@ -197,7 +202,7 @@ private:
 } // namespace
 
 Expected<SaveReport, DiskFailure> writeFolder(const FileWrapper& tree, const std::string& path,
-                                              FileSystem& fileSystem) {
+                                              FileSystem& fileSystem, Existing existing) {
     if (!tree.isDirectory()) {
         return unexpected(diskFailure(path, ENOTDIR));
     }
@@ -210,7 +215,7 @@ Expected<SaveReport, DiskFailure> writeFolder(const FileWrapper& tree, const std
         return unexpected(recovered.error());
     }
     removeStaleSides(fileSystem, *place);
-    return FolderSave(fileSystem, *place).run(tree);
+    return FolderSave(fileSystem, *place, existing).run(tree);
 }
 
 } // namespace quillon

@@ -140,5 +140,20 @@ TEST(StartCommands, badInputIsNamedAndNothingOverwritten) {
     }
 }
 
+TEST(StartCommands, aPackageThatAKilledSaveMovedAsideIsNotOverwritten) {
+    const ScratchFolder scratch;
+    scratch.write("Q/article.json", runCli({"new", "blank", "-"}).output);
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"new", "blank"}, {"save", scratch.path("Q")}}) {
+        SCOPED_TRACE(command[0]);
+        const std::string name = "P-" + command[0];
+        scratch.write("." + name + ".quillon-aside-a1b2c3/article.json", "mine");
+        auto arguments = command;
+        arguments.push_back(scratch.path(name));
+        EXPECT_EQ(runCli(arguments).status, 1);
+        EXPECT_EQ(test::snapshot(scratch.path(name))["article.json"], "mine");
+    }
+}
+
 } // namespace
 } // namespace quillon
