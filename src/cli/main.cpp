@@ -1,4 +1,5 @@
 #include "cli/Commands.h"
+#include "cli/Output.h"
 #include "cli/StartCommands.h"
 
 #include <CLI/CLI.hpp>
@@ -21,7 +22,7 @@ int report(const Result<void>& result) {
     if (result) {
         return 0;
     }
-    std::cerr << "quillon-cli: " << result.error().message << "\n";
+    std::cerr << "quillon-cli: " << onOneLine(result.error().message) << "\n";
     return result.error().isUsage ? usageStatus : 1;
 }
 
@@ -126,10 +127,24 @@ int run(int argc, char** argv) {
         })
         ->type_name("COUNT");
 
+    // An empty name is a variable that was not set, not the current folder and not standard output.
+    const CLI::Validator isNamed(
+        [](const std::string& text) { return text.empty() ? "the name is empty" : ""; }, "", "named");
+    for (CLI::App* made : app.get_subcommands({})) {
+        for (const char* name : {"PACKAGE", "TO", "--output"}) {
+            if (CLI::Option* option = made->get_option_no_throw(name)) {
+                option->check(isNamed);
+            }
+        }
+    }
+
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : usageStatus;
+        if (error.get_exit_code() == 0) {
+            return app.exit(error); // help or the version, which were asked for
+        }
+        return report(misused(error.what()));
     }
 
     if (renderCommand->parsed()) {

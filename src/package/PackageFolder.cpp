@@ -17,6 +17,7 @@ struct LockedFolder {
     FileDescriptor folder;
     FileDescriptor lock;
     NodeStatus status;
+    bool isTaken = false; ///< another process has the lock
 };
 
 class FolderSave {
@@ -77,6 +78,10 @@ private:
         SystemResult<LockedFolder> work = openLocked(m_workName);
         if (!work) {
             return unexpected(diskFailure(m_place.path, work.error()));
+        }
+        if (work->isTaken) {
+            // Another save takes the fresh folder for what a killed one left, and is about to remove it.
+            return unexpected(diskFailure(m_place.path, EBUSY));
         }
         m_workLock = std::move(work->lock);
         std::optional<FileDescriptor> oldFolder;
@@ -173,7 +178,8 @@ private:
         }
         locked.status = *status;
         // Where a file system knows no locks, other processes get none either and leave the folder alone.
-        (void)m_fileSystem.lock(locked.lock.number());
+        const SystemResult<void> held = m_fileSystem.lock(locked.lock.number());
+        locked.isTaken = !held && held.error() == EWOULDBLOCK;
         return locked;
     }
 

@@ -105,7 +105,7 @@ TEST(StartCommands, badInputIsNamedAndNothingOverwritten) {
         {{"new", "essay", scratch.path("x"), "--prompt", "a"}, 2, "no kind is named \"essay\"" + kinds},
         {{"new", "how-to", "-", "--prompt", "a"}, 2, "--prompt: only a generated article has one"},
         {{"new", "generated", "-", "--prompt", "\xFF"}, 2, "--prompt: is not valid UTF-8"},
-        {{"new", "blank", ""}, 2, "TO: the name of the folder is empty"},
+        {{"new", "blank", ""}, 2, "TO: the name is empty"},
         {{"new", "blank", scratch.path("full")}, 1, scratch.path("full") + ": exists already"},
         {{"new", "blank", scratch.path("empty")}, 1, scratch.path("empty") + ": exists already"},
         {{"new", "blank", scratch.path("dangling")}, 1, scratch.path("dangling") + ": exists already"},
