@@ -10,7 +10,7 @@ namespace quillon {
 
 /// The document of the package at `path`, a folder.
 Expected<ArticleFileDocument, PackageFailure> openPackage(const std::string& path,
-                                                         FileSystem& fileSystem = systemFileSystem());
+                                                          FileSystem& fileSystem = systemFileSystem());
 /// Its article alone; no asset is read.
 Expected<ArticleDocument, PackageFailure> openPackageArticle(const std::string& path,
                                                              FileSystem& fileSystem = systemFileSystem());
