@@ -13,6 +13,7 @@ struct ErrorText {
 
 constexpr ErrorText errorTexts[] = {
     {EACCES, "permission denied"},
+    {EBADF, "not open"},
     {EBUSY, "in use by another program"},
     {EDQUOT, "disk quota exceeded"},
     {EEXIST, "already exists"},
@@ -31,6 +32,7 @@ constexpr ErrorText errorTexts[] = {
     {ENOSPC, "no space left on device"},
     {ENOTDIR, "not a folder"},
     {ENOTEMPTY, "folder not empty"},
+    {EPIPE, "the reader has gone away"},
     {EPERM, "operation not permitted"},
     {EROFS, "read-only file system"},
     {ESTALE, "moved or replaced by another program"},

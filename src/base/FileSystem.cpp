@@ -188,15 +188,21 @@ public:
         }
         // Only root may give a file away, but everyone may choose among the groups they are in. The owner
         // comes first because a change of owner takes permission bits away.
-        if (raw.st_uid != like.owner && ::fchown(file, like.owner, static_cast<gid_t>(-1)) == -1 &&
-            errno != EPERM) {
-            return unexpected(errno);
+        unsigned mode = like.mode;
+        if (raw.st_uid != like.owner && ::fchown(file, like.owner, static_cast<gid_t>(-1)) == -1) {
+            if (errno != EPERM) {
+                return unexpected(errno);
+            }
+            mode &= ~static_cast<unsigned>(S_ISUID); // the right was another owner's to give
         }
-        if (raw.st_gid != like.group && ::fchown(file, static_cast<uid_t>(-1), like.group) == -1 &&
-            errno != EPERM) {
-            return unexpected(errno);
+        if (raw.st_gid != like.group && ::fchown(file, static_cast<uid_t>(-1), like.group) == -1) {
+            if (errno != EPERM) {
+                return unexpected(errno);
+            }
+            mode &= ~static_cast<unsigned>(S_ISGID);
+            mode &= ~070U | ((mode & 07U) << 3U); // another group may do no more than everyone
         }
-        return done(::fchmod(file, like.mode));
+        return done(::fchmod(file, mode));
     }
 
     SystemResult<void> setModified(int file, std::int64_t modified) override {

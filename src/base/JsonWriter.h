@@ -11,6 +11,9 @@ namespace quillon {
 /// in the order in which they shall stand.
 class JsonWriter {
 public:
+    /// `expectedSize` is about how many bytes will be written, if that is known.
+    explicit JsonWriter(size_t expectedSize = 0) { m_out.reserve(expectedSize); }
+
     void beginObject() { begin('{'); }
     void endObject() { end('}'); }
     void beginList() { begin('['); }

@@ -7,6 +7,7 @@
 #include "render/Page.h"
 
 #include <filesystem>
+#include <iostream>
 
 namespace quillon::cli {
 
@@ -105,9 +106,16 @@ Result<void> save(const std::string& package, const std::string& to, Replace rep
     if (!document) {
         return unexpected(document.error());
     }
-    const auto report = savePackage(*document, target);
+    const auto report =
+        savePackage(*document, target,
+                    to.empty() || replace == Replace::existingPackage ? Existing::replace : Existing::refuse);
     if (!report) {
         return failed(report.error().message(target));
+    }
+    if (!report->leftBehind.empty()) {
+        // The package is saved all the same.
+        std::cerr << "quillon-cli: " << onOneLine(report->leftBehind)
+                  << ": the former package, which could not be removed\n";
     }
     return {};
 }

@@ -1,6 +1,8 @@
 #include "cli/Output.h"
 
 #include "base/DiskFailure.h"
+#include "base/Regex.h"
+#include "base/UnicodeText.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -9,6 +11,7 @@
 #include <system_error>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace quillon::cli {
@@ -54,6 +57,13 @@ Result<void> replaceFile(std::string_view text, const std::string& path) {
         return succeededUnless(errno, path);
     }
     int error = writeAll(file, text);
+    struct ::stat old {};
+    if (error == 0 && ::stat(path.c_str(), &old) == 0 && ::fchmod(file, old.st_mode & 0777) != 0) {
+        error = errno;
+    }
+    if (error == 0 && ::fsync(file) != 0 && errno != EINVAL) {
+        error = errno;
+    }
     if (::close(file) != 0 && error == 0) {
         error = errno;
     }
@@ -81,10 +91,16 @@ Result<void> writeOutput(std::string_view text, const std::string& path) {
 }
 
 std::string onOneLine(std::string text) {
-    std::replace_if(
-        text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; },
-        ' ');
-    return text;
+    if (!isValidUtf8(text)) { // a file name can be any bytes
+        std::replace_if(
+            text.begin(), text.end(),
+            [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; }, ' ');
+        return text;
+    }
+    // Control characters of both ranges, the line and paragraph separators, and what turns the direction of
+    // text.
+    static const Regex unprintable(R"([\x{00}-\x{1F}\x{7F}-\x{9F}\x{2028}-\x{202E}\x{2066}-\x{2069}])");
+    return unprintable.replaceAllLiterally(text, " ");
 }
 
 } // namespace quillon::cli

@@ -92,7 +92,7 @@ Result<void> makeNew(const std::string& kind, const std::string& to,
     if (fs::exists(fs::symlink_status(to, ignored))) {
         return failed(to + ": exists already");
     }
-    const auto report = savePackage(*document, to);
+    const auto report = savePackage(*document, to, Existing::refuse);
     if (!report) {
         return failed(report.error().message(to));
     }
@@ -122,12 +122,15 @@ Result<void> listRecents(const std::vector<std::string>& folders, std::optional<
     std::vector<std::string> urls;
     for (const std::string& folder : folders) {
         std::error_code failure;
-        const fs::path path = fs::absolute(folder, failure);
+        fs::path path = fs::absolute(folder, failure);
+        const fs::path last = path.has_filename() ? path.filename() : path.parent_path().filename();
+        if (!failure && (last == "." || last == "..")) {
+            path = fs::weakly_canonical(path, failure); // the card needs the folder's own name
+        }
         if (failure) {
             return misused("FOLDER: \"" + folder + "\" names no folder");
         }
-        // The name of "." is its folder's; the "/" keeps folders that are gone.
-        urls.push_back((path.lexically_normal() / "").string());
+        urls.push_back((path / "").string()); // the "/" keeps folders that are gone
     }
     std::string text;
     for (const RecentArticleSummary& summary : loadRecentArticles(urls, limit.value_or(urls.size()))) {

@@ -1,4 +1,5 @@
 #include "cli/Commands.h"
+#include "cli/Output.h"
 #include "cli/StartCommands.h"
 
 #include <CLI/CLI.hpp>
@@ -6,6 +7,10 @@
 #include <csignal>
 #include <iostream>
 #include <new>
+
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
 namespace {
 
@@ -17,11 +22,23 @@ int report(const Result<void>& result) {
     if (result) {
         return 0;
     }
-    std::cerr << "quillon-cli: " << result.error().message << "\n";
+    std::cerr << "quillon-cli: " << onOneLine(result.error().message) << "\n";
     return result.error().isUsage ? usageStatus : 1;
 }
 
+/// A command runs once and ends: memory that is given back between its steps would only be asked for again,
+/// page by page.
+void keepFreedMemory() {
+#ifdef __GLIBC__
+    constexpr int megabyte = 1 << 20;
+    mallopt(M_MMAP_THRESHOLD, 1024 * megabyte);
+    mallopt(M_TRIM_THRESHOLD, 1024 * megabyte);
+    mallopt(M_TOP_PAD, 16 * megabyte);
+#endif
+}
+
 int run(int argc, char** argv) {
+    keepFreedMemory();
     // A reader that goes away shows as a failed write, with a message and a status of its own.
     std::signal(SIGPIPE, SIG_IGN);
 
@@ -103,12 +120,31 @@ int run(int argc, char** argv) {
     CLI::App* recentsCommand =
         app.add_subcommand("recents", "list packages: title, subtitle, date, thumbnail, readable or not");
     recentsCommand->add_option("FOLDER", folders, "packages, in the order of the list")->required();
-    recentsCommand->add_option("--limit", limit, "how many lines at most")->type_name("COUNT");
+    recentsCommand->add_option("--limit", limit, "how many lines at most")
+        ->check([](const std::string& text) {
+            const bool isCount = !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+            return isCount ? std::string() : "expected a whole number, found \"" + text + "\"";
+        })
+        ->type_name("COUNT");
+
+    // An empty name is a variable that was not set, not the current folder and not standard output.
+    const CLI::Validator isNamed(
+        [](const std::string& text) { return text.empty() ? "the name is empty" : ""; }, "", "named");
+    for (CLI::App* made : app.get_subcommands({})) {
+        for (const char* name : {"PACKAGE", "TO", "--output"}) {
+            if (CLI::Option* option = made->get_option_no_throw(name)) {
+                option->check(isNamed);
+            }
+        }
+    }
 
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : usageStatus;
+        if (error.get_exit_code() == 0) {
+            return app.exit(error); // help or the version, which were asked for
+        }
+        return report(misused(error.what()));
     }
 
     if (renderCommand->parsed()) {

@@ -2,6 +2,8 @@
 
 #include "model/Fields.h"
 
+#include <algorithm>
+
 namespace quillon {
 
 const RecordInfo& RecordTable<ColorScheme>::info() {
@@ -56,7 +58,8 @@ Expected<ArticleDocument, ReadFailure> ArticleDecoder::decode(std::string json) 
 }
 
 Expected<std::string, EncodeFailure> ArticleEncoder::encode(const ArticleDocument& article) const {
-    JsonWriter writer;
+    constexpr size_t usualComponentSize = 512;
+    JsonWriter writer(usualComponentSize * std::min<size_t>(article.components.size(), 100'000));
     writeValue(writer, article);
     if (writer.hasFailed()) {
         return unexpected(

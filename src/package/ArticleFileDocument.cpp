@@ -78,30 +78,36 @@ Expected<FileWrapper, PackageFailure> writePackage(const ArticleFileDocument& do
 }
 
 Expected<Assets, DiskFailure> collectAssets(const FileWrapper& folder, std::string_view prefix) {
+    struct Pending {
+        FileWrapper folder;
+        std::string path;
+    };
     Assets assets;
-    const FileWrapper::Children* children = folder.fileWrappers();
-    if (!children) {
-        return assets;
-    }
-    for (const auto& [name, child] : *children) {
-        if (prefix.empty() && name == articleFileName) {
+    // Not one call inside another: folders may be nested very deep.
+    std::vector<Pending> pending = {{folder, std::string(prefix)}};
+    while (!pending.empty()) {
+        const Pending here = std::move(pending.back());
+        pending.pop_back();
+        const FileWrapper::Children* children = here.folder.fileWrappers();
+        if (!children) {
             continue;
         }
-        const std::string path = prefix.empty() ? name : std::string(prefix) + "/" + name;
-        if (child.isDirectory()) {
-            auto below = collectAssets(child, path);
-            if (!below) {
-                return below;
+        for (const auto& [name, child] : *children) {
+            if (here.path.empty() && name == articleFileName) {
+                continue;
             }
-            assets.merge(*below);
-            continue;
-        }
-        auto contents = child.regularFileContents();
-        if (!contents) {
-            return unexpected(std::move(contents.error()));
-        }
-        if (*contents) {
-            assets.emplace(path, std::move(**contents));
+            std::string path = here.path.empty() ? name : here.path + "/" + name;
+            if (child.isDirectory()) {
+                pending.push_back({child, std::move(path)});
+                continue;
+            }
+            auto contents = child.regularFileContents();
+            if (!contents) {
+                return unexpected(std::move(contents.error()));
+            }
+            if (*contents) {
+                assets.emplace(std::move(path), std::move(**contents));
+            }
         }
     }
     return assets;

@@ -17,12 +17,14 @@ struct LockedFolder {
     FileDescriptor folder;
     FileDescriptor lock;
     NodeStatus status;
+    bool isTaken = false; ///< another process has the lock
 };
 
 class FolderSave {
 public:
-    FolderSave(FileSystem& fileSystem, const PackagePlace& place)
-        : m_fileSystem(fileSystem), m_place(place), m_workName(newSideName(place.name, SideKind::work)) {}
+    FolderSave(FileSystem& fileSystem, const PackagePlace& place, Existing existing)
+        : m_fileSystem(fileSystem), m_place(place), m_existing(existing),
+          m_workName(newSideName(place.name, SideKind::work)) {}
 
     Expected<SaveReport, DiskFailure> run(const FileWrapper& tree) {
         if (Outcome opened = openOld(); !opened) {
@@ -54,6 +56,9 @@ private:
         if (!status) {
             return failure(m_place.path, status.error());
         }
+        if (m_existing == Existing::refuse) {
+            return failure(m_place.path, EEXIST);
+        }
         if (status->kind != NodeKind::folder) {
             return failure(m_place.path, ENOTDIR);
         }
@@ -73,6 +78,10 @@ private:
         SystemResult<LockedFolder> work = openLocked(m_workName);
         if (!work) {
             return unexpected(diskFailure(m_place.path, work.error()));
+        }
+        if (work->isTaken) {
+            // Another save takes the fresh folder for what a killed one left, and is about to remove it.
+            return unexpected(diskFailure(m_place.path, EBUSY));
         }
         m_workLock = std::move(work->lock);
         std::optional<FileDescriptor> oldFolder;
@@ -169,7 +178,8 @@ private:
         }
         locked.status = *status;
         // Where a file system knows no locks, other processes get none either and leave the folder alone.
-        (void)m_fileSystem.lock(locked.lock.number());
+        const SystemResult<void> held = m_fileSystem.lock(locked.lock.number());
+        locked.isTaken = !held && held.error() == EWOULDBLOCK;
         return locked;
     }
 
@@ -187,6 +197,7 @@ private:
 
     FileSystem& m_fileSystem;
     const PackagePlace& m_place;
+    Existing m_existing;
     const std::string m_workName;
     std::string m_asideName;  ///< empty while the old package has not been moved aside
     bool m_workIsOld = false; ///< the old package has the work name
@@ -197,7 +208,7 @@ private:
 } // namespace
 
 Expected<SaveReport, DiskFailure> writeFolder(const FileWrapper& tree, const std::string& path,
-                                              FileSystem& fileSystem) {
+                                              FileSystem& fileSystem, Existing existing) {
     if (!tree.isDirectory()) {
         return unexpected(diskFailure(path, ENOTDIR));
     }
@@ -210,7 +221,7 @@ Expected<SaveReport, DiskFailure> writeFolder(const FileWrapper& tree, const std
         return unexpected(recovered.error());
     }
     removeStaleSides(fileSystem, *place);
-    return FolderSave(fileSystem, *place).run(tree);
+    return FolderSave(fileSystem, *place, existing).run(tree);
 }
 
 } // namespace quillon

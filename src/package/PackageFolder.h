@@ -10,6 +10,9 @@
 
 namespace quillon {
 
+/// What a save does with what stands at its path, also where a killed save had moved it aside.
+enum class Existing { replace, refuse };
+
 /// What a save did.
 struct SaveReport {
     std::size_t filesWritten = 0;
@@ -34,7 +37,8 @@ Expected<FileWrapper, DiskFailure> readFolder(const std::string& path,
 /// are passed over. After a success all bytes know the file that holds them now. What killed saves of the
 /// same package left behind is removed.
 Expected<SaveReport, DiskFailure> writeFolder(const FileWrapper& tree, const std::string& path,
-                                              FileSystem& fileSystem = systemFileSystem());
+                                              FileSystem& fileSystem = systemFileSystem(),
+                                              Existing existing = Existing::replace);
 
 /// Puts a package back that a killed save had moved aside, where nothing stands at `path`; returns whether
 /// there was one. Only file systems that cannot exchange two folders in one step ever need it.

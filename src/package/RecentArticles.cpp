@@ -129,6 +129,24 @@ bool counts(const std::string& url) {
     return url.ends_with('/') || fs::exists(url, ignored);
 }
 
+/// Fills in what the article says of itself. Where it cannot be read, or not in this much memory, the summary
+/// stays as it is.
+void readInto(RecentArticleSummary& summary, std::string json, const fs::path& package) try {
+    const auto article = sharedArticleDecoder.decode(std::move(json));
+    if (!article) {
+        return;
+    }
+    RecentArticleSummary read = summary;
+    const bool hasExcerpt = article->metadata && article->metadata->excerpt;
+    read.title = article->title;
+    read.subtitle = hasExcerpt ? *article->metadata->excerpt : package.filename().string();
+    read.thumbnailURL = thumbnail(*article, package);
+    read.isReadable = true;
+    summary = std::move(read);
+} catch (const std::bad_alloc&) {
+} catch (const std::length_error&) {
+}
+
 } // namespace
 
 std::vector<RecentArticleSummary> loadRecentArticles(const std::vector<std::string>& urls,
@@ -162,16 +180,8 @@ std::optional<RecentArticleSummary> makeRecentArticleSummary(const std::string& 
         .thumbnailURL = std::nullopt,
         .isReadable = false,
     };
-    if (!file.json) {
-        return summary;
-    }
-    const auto article = ArticleDecoder().decode(std::move(*file.json));
-    if (article) {
-        const bool hasExcerpt = article->metadata && article->metadata->excerpt;
-        summary.title = article->title;
-        summary.subtitle = hasExcerpt ? *article->metadata->excerpt : package.filename().string();
-        summary.thumbnailURL = thumbnail(*article, package);
-        summary.isReadable = true;
+    if (file.json) {
+        readInto(summary, std::move(*file.json), package);
     }
     return summary;
 }

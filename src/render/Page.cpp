@@ -14,11 +14,22 @@ namespace {
 
 constexpr std::string_view defaultBackground = "#FFFFFF";
 
-/// What a page takes without its components, and about what each top-level component adds, in bytes.
-constexpr size_t emptyPageSize = 16 * 1024;
-constexpr size_t componentSize = 1024;
-/// Beyond these the page grows as it is written: countless components may show nothing at all.
-constexpr size_t mostReservedComponents = 1024;
+/// What a page takes without its components, and about what each component adds to its text, in bytes.
+constexpr size_t emptyPageSize = 32 * 1024;
+constexpr size_t componentSize = 512;
+
+/// About how long the page of `components` will be: room made once costs less than a page that outgrows it
+/// again and again. What is hidden shows nothing, however much it holds.
+size_t expectedSize(const List<Component>& components) {
+    size_t size = 0;
+    for (const Component& component : components) {
+        if (component.hidden != true) {
+            size += componentSize + (component.text ? component.text->size() : 0);
+            size += component.components ? expectedSize(*component.components) : 0;
+        }
+    }
+    return size;
+}
 
 /// The background of the last variant of the document's style that `applies` chooses and that has one, else
 /// `background`.
@@ -69,8 +80,7 @@ std::string renderPage(const ArticleDocument& article, const PreviewEnvironment&
     };
 
     PageText page;
-    page.out().reserve(emptyPageSize +
-                       componentSize * std::min(article.components.size(), mostReservedComponents));
+    page.out().reserve(emptyPageSize + expectedSize(article.components));
     page << "<!DOCTYPE html>\n<html lang=\"";
     escapeHTML(page.out(), article.language);
     page << "\">\n<head>\n<meta charset=\"utf-8\">\n"

@@ -1,5 +1,6 @@
 #include "render/PageText.h"
 
+#include <cstring>
 #include <utility>
 
 namespace quillon::HTMLRenderer {
@@ -14,26 +15,22 @@ void PageText::insert(Place place, std::string text) {
 }
 
 std::string PageText::take() {
-    size_t size = m_text.size();
+    size_t inserted = 0;
     for (const Insertion& insertion : m_insertions) {
-        size += insertion.text.size();
+        inserted += insertion.text.size();
     }
-    if (size == m_text.size()) {
-        m_insertions.clear();
-        return std::exchange(m_text, {});
+    // In place and from the end, so that a large page is not copied as a whole once more.
+    size_t end = m_text.size();
+    m_text.resize(end + inserted);
+    char* const text = m_text.data();
+    for (auto insertion = m_insertions.rbegin(); inserted > 0; ++insertion) {
+        std::memmove(text + insertion->offset + inserted, text + insertion->offset, end - insertion->offset);
+        end = insertion->offset;
+        inserted -= insertion->text.size();
+        insertion->text.copy(text + end + inserted, insertion->text.size());
     }
-    std::string joined;
-    joined.reserve(size);
-    size_t copied = 0;
-    for (const Insertion& insertion : m_insertions) {
-        joined.append(m_text, copied, insertion.offset - copied);
-        joined += insertion.text;
-        copied = insertion.offset;
-    }
-    joined.append(m_text, copied);
-    m_text.clear();
     m_insertions.clear();
-    return joined;
+    return std::exchange(m_text, {});
 }
 
 } // namespace quillon::HTMLRenderer

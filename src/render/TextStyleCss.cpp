@@ -255,7 +255,7 @@ std::optional<std::string> listMarkerValue(const ListItemStyle& style) {
         }
         std::string character = *style.character;
         std::erase(character, '\'');
-        return "'" + escapeHTML(character) + "'";
+        return "'" + character + "'";
     }
     for (const auto& [type, value] : values) {
         if (*style.type == type) {

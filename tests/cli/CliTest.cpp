@@ -115,8 +115,13 @@ TEST(Cli, failuresNameTheFileAndTheSpot) {
         EXPECT_EQ(run.output, "");
     }
     EXPECT_EQ(test::snapshot(scratch.path()), before);
-    for (const std::vector<std::string>& misuse :
-         {std::vector<std::string>{}, {"frob"}, {"render"}, {"render", "-", "--device", "watch"}}) {
+    for (const std::vector<std::string>& misuse : {std::vector<std::string>{},
+                                                   {"frob"},
+                                                   {"render"},
+                                                   {"render", "-", "--device", "watch"},
+                                                   {"save", "-", ""},
+                                                   {"render", ""},
+                                                   {"format", "-", "-o", ""}}) {
         EXPECT_EQ(runCli(misuse).status, 2);
     }
     EXPECT_EQ(runCli({"--help"}).status, 0);
@@ -156,6 +161,18 @@ TEST(Cli, saveInPlaceAndElsewhere) {
     EXPECT_EQ(runCli({"save", scratch.path("P"), scratch.path("Q"), "--force"}).status, 0);
     EXPECT_EQ(test::snapshot(scratch.path("Q")), package);
     EXPECT_EQ(scratch.names(), (std::set<std::string>{"P", "Q"}));
+}
+
+TEST(Cli, anOutputFileThatExistsKeepsItsModeAndALinkItsPlace) {
+    const ScratchFolder scratch;
+    makePackage(scratch);
+    scratch.write("out", "old");
+    std::filesystem::permissions(scratch.path("out"), std::filesystem::perms(0600));
+    std::filesystem::create_symlink("out", scratch.path("link"));
+    EXPECT_EQ(runCli({"format", scratch.path("P"), "-o", scratch.path("link")}).status, 0);
+    EXPECT_TRUE(std::filesystem::is_symlink(scratch.path("link")));
+    EXPECT_EQ(test::snapshotWithModes(scratch.path()).at("out"), std::to_string(0600) + " " + smallArticle);
+    EXPECT_EQ(scratch.names(), (std::set<std::string>{"P", "out", "link"}));
 }
 
 } // namespace

@@ -105,7 +105,7 @@ TEST(StartCommands, badInputIsNamedAndNothingOverwritten) {
         {{"new", "essay", scratch.path("x"), "--prompt", "a"}, 2, "no kind is named \"essay\"" + kinds},
         {{"new", "how-to", "-", "--prompt", "a"}, 2, "--prompt: only a generated article has one"},
         {{"new", "generated", "-", "--prompt", "\xFF"}, 2, "--prompt: is not valid UTF-8"},
-        {{"new", "blank", ""}, 2, "TO: the name of the folder is empty"},
+        {{"new", "blank", ""}, 2, "TO: the name is empty"},
         {{"new", "blank", scratch.path("full")}, 1, scratch.path("full") + ": exists already"},
         {{"new", "blank", scratch.path("empty")}, 1, scratch.path("empty") + ": exists already"},
         {{"new", "blank", scratch.path("dangling")}, 1, scratch.path("dangling") + ": exists already"},
@@ -137,6 +137,21 @@ TEST(StartCommands, badInputIsNamedAndNothingOverwritten) {
     for (const std::vector<std::string>& misuse :
          {std::vector<std::string>{"new", "blank"}, {"sample"}, {"recents"}, {"templates", "x"}}) {
         EXPECT_EQ(runCli(misuse).status, 2);
+    }
+}
+
+TEST(StartCommands, aPackageThatAKilledSaveMovedAsideIsNotOverwritten) {
+    const ScratchFolder scratch;
+    scratch.write("Q/article.json", runCli({"new", "blank", "-"}).output);
+    for (const std::vector<std::string>& command :
+         {std::vector<std::string>{"new", "blank"}, {"save", scratch.path("Q")}}) {
+        SCOPED_TRACE(command[0]);
+        const std::string name = "P-" + command[0];
+        scratch.write("." + name + ".quillon-aside-a1b2c3/article.json", "mine");
+        auto arguments = command;
+        arguments.push_back(scratch.path(name));
+        EXPECT_EQ(runCli(arguments).status, 1);
+        EXPECT_EQ(test::snapshot(scratch.path(name))["article.json"], "mine");
     }
 }
 

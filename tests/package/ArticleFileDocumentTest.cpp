@@ -1,6 +1,7 @@
 #include "package/ArticleFileDocument.h"
 #include "base/Log.h"
 #include "package/PackageFile.h"
+#include "support/FaultyFileSystem.h"
 #include "support/ScratchFolder.h"
 
 #include <gtest/gtest.h>
@@ -155,6 +156,44 @@ TEST(ArticleFileDocument, aKeyNeverLeavesThePackage) {
     const auto opened = openPackage(scratch.path("P"));
     ASSERT_TRUE(opened);
     EXPECT_EQ(keysOf(opened->assets), std::vector<std::string>{"etc/inside"});
+}
+
+TEST(ArticleFileDocument, assetsOfAnyDepthAreCollected) {
+    // Deeper than any stack of calls would be.
+    constexpr int levels = 20'000;
+    FileWrapper node = named(FileWrapper::regularFile(Bytes("x")), "f");
+    std::string key = "f";
+    for (int level = 0; level < levels; ++level) {
+        FileWrapper folder = named(FileWrapper::directory(), "d");
+        folder.addFileWrapper(node);
+        node = folder;
+        key.insert(0, "d/");
+    }
+    FileWrapper root = folderOf({{"article.json", smallArticle}});
+    root.addFileWrapper(node);
+    const auto assets = collectAssets(root, "");
+    ASSERT_TRUE(assets);
+    EXPECT_EQ(keysOf(*assets), std::vector<std::string>{key});
+}
+
+TEST(ArticleFileDocument, aPackageThatIsReplacedWhileItIsReadIsReadAnew) {
+    const test::ScratchFolder scratch;
+    ArticleFileDocument document{*sharedArticleDecoder.decode(smallArticle), {}, {}};
+    for (const char* key : {"a", "b", "c"}) {
+        document.assets.emplace(key, Bytes(key));
+    }
+    ASSERT_TRUE(savePackage(document, scratch.path("P")));
+    bool isReplaced = false;
+    test::FaultyFileSystem fileSystem({.before = [&](std::string_view operation) {
+        if (operation == "list" && !isReplaced) {
+            isReplaced = true;
+            ASSERT_TRUE(savePackage(document, scratch.path("P")));
+        }
+    }});
+    const auto opened = openPackage(scratch.path("P"), fileSystem);
+    ASSERT_TRUE(opened) << opened.error().message("P");
+    EXPECT_EQ(opened->assets, document.assets);
+    EXPECT_TRUE(isReplaced);
 }
 
 } // namespace
