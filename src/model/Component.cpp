@@ -3,6 +3,8 @@
 #include "base/UnicodeText.h"
 #include "model/Fields.h"
 
+#include <utility>
+
 namespace quillon {
 
 namespace {
@@ -13,7 +15,7 @@ std::string counted(size_t count, std::string_view noun) {
 
 /// `text` unless it is empty, else `fallback`.
 std::string orElse(std::string_view text, std::string fallback) {
-    return text.empty() ? fallback : std::string(text);
+    return text.empty() ? std::move(fallback) : std::string(text);
 }
 
 std::string_view viewOf(const Optional<std::string>& text) {

@@ -19,7 +19,7 @@ ArticleDocument makeNewArticle(std::string_view identifier, std::string_view tit
 
 Component makeTextComponent(ComponentRole role, std::string_view text, std::optional<TextFormat> format) {
     Component component;
-    component.role = role;
+    component.role = std::move(role);
     component.text = std::string(text);
     component.format = format;
     return component;

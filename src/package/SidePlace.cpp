@@ -160,7 +160,9 @@ std::string newSideName(const std::string& packageName, SideKind kind) {
 }
 
 bool removeTree(FileSystem& fileSystem, int parent, const std::string& name) {
-    return removeTreeOnce(fileSystem, parent, name) || removeTreeOnce(fileSystem, parent, name);
+    // Twice: another program may have put something in while the first round was at it.
+    const bool isRemoved = removeTreeOnce(fileSystem, parent, name);
+    return isRemoved || removeTreeOnce(fileSystem, parent, name);
 }
 
 std::string removeAside(FileSystem& fileSystem, const PackagePlace& place, const std::string& asideName) {
