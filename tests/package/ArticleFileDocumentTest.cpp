@@ -6,6 +6,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <unistd.h>
+
 namespace quillon {
 namespace {
 
@@ -194,6 +200,29 @@ TEST(ArticleFileDocument, aPackageThatIsReplacedWhileItIsReadIsReadAnew) {
     ASSERT_TRUE(opened) << opened.error().message("P");
     EXPECT_EQ(opened->assets, document.assets);
     EXPECT_TRUE(isReplaced);
+}
+
+TEST(ArticleFileDocument, aFolderThatAnotherSaveTidiesAwayIsNotBuiltIn) {
+    const test::ScratchFolder scratch;
+    const ArticleFileDocument document{*sharedArticleDecoder.decode(smallArticle), {{"a", Bytes("1")}}, {}};
+    ASSERT_TRUE(savePackage(document, scratch.path("P")));
+    const auto before = test::snapshot(scratch.path("P"));
+    int taken = -1;
+    test::FaultyFileSystem fileSystem({.before = [&](std::string_view operation) {
+        for (const std::string& name : scratch.names()) {
+            if (operation == "lock" && taken < 0 && name.starts_with(".P.quillon-save-")) {
+                taken = ::open(scratch.path(name).c_str(), O_RDONLY | O_DIRECTORY);
+                ASSERT_EQ(::flock(taken, LOCK_EX | LOCK_NB), 0);
+            }
+        }
+    }});
+    const auto report = writeFolder(*writePackage(document), scratch.path("P"), fileSystem);
+    ASSERT_GE(taken, 0);
+    ::close(taken);
+    ASSERT_FALSE(report);
+    EXPECT_EQ(report.error().errorNumber, EBUSY);
+    EXPECT_EQ(test::snapshot(scratch.path("P")), before);
+    EXPECT_EQ(scratch.names(), std::set<std::string>{"P"});
 }
 
 } // namespace
