@@ -1,4 +1,5 @@
 #include "base/FolderCursor.h"
+#include "base/UnicodeText.h"
 #include "package/PackageFolder.h"
 #include "package/SidePlace.h"
 
@@ -13,27 +14,6 @@
 namespace quillon {
 
 namespace {
-
-/// Whether every byte belongs to a well-formed character.
-bool isUtf8(std::string_view text) {
-    std::size_t position = 0;
-    while (position < text.size()) {
-        const auto lead = static_cast<unsigned char>(text[position]);
-        const std::size_t more = lead < 0x80 ? 0 : lead < 0xE0 ? 1 : lead < 0xF0 ? 2 : 3;
-        if (lead >= 0x80 && (lead < 0xC2 || lead > 0xF4 || text.size() - position <= more))
-            return false;
-        for (std::size_t offset = 1; offset <= more; ++offset) {
-            const auto byte = static_cast<unsigned char>(text[position + offset]);
-            // The byte after some leads has a narrower range: no overlong form, surrogate or value too large.
-            const unsigned lowest = offset > 1 ? 0x80 : lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-            const unsigned highest = offset > 1 ? 0xBF : lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-            if (byte < lowest || byte > highest)
-                return false;
-        }
-        position += more + 1;
-    }
-    return true;
-}
 
 /// Whether a change from now on is sure to change the time as well: the clock that stamps files moves in
 /// steps of some milliseconds, so two changes within a step look like one.
@@ -60,8 +40,9 @@ public:
             const Pending folder = std::move(pending.back());
             pending.pop_back();
             const Expected<void, DiskFailure> listed = listFolder(folder, pending);
-            if (!listed)
+            if (!listed) {
                 return unexpected(listed.error());
+            }
         }
         return root;
     }
@@ -80,16 +61,19 @@ private:
 
     Expected<void, DiskFailure> listFolder(const Pending& folder, std::vector<Pending>& pending) {
         SystemResult<void> moved = moveTo(folder.folder);
-        if (!moved)
+        if (!moved) {
             return unexpected(diskFailure(pathOf(folder.folder), moved.error()));
+        }
         const SystemResult<std::vector<FolderEntry>> entries = m_fileSystem.list(m_cursor.folder());
-        if (!entries)
+        if (!entries) {
             return unexpected(diskFailure(pathOf(folder.folder), entries.error()));
+        }
         FileWrapper parent = folder.wrapper;
         for (const FolderEntry& entry : *entries) {
-            if (entry.kind != NodeKind::other && !isUtf8(entry.name))
+            if (entry.kind != NodeKind::other && !isValidUtf8(entry.name)) {
                 return unexpected(
                     diskFailure(pathOf(folder.folder), EILSEQ, "holds a file whose name is not valid UTF-8"));
+            }
             FileWrapper child = wrapperOf(entry, folder.folder);
             child.setPreferredFilename(entry.name);
             parent.addFileWrapper(child);
@@ -123,13 +107,15 @@ private:
                 target = m_folders[target].parent;
                 continue;
             }
-            if (const SystemResult<FileDescriptor> left = m_cursor.leave(); !left)
+            if (const SystemResult<FileDescriptor> left = m_cursor.leave(); !left) {
                 return unexpected(left.error());
+            }
             m_here = m_folders[m_here].parent;
         }
         for (auto next = down.rbegin(); next != down.rend(); ++next) {
-            if (SystemResult<void> entered = m_cursor.enter(m_folders[*next].name); !entered)
+            if (SystemResult<void> entered = m_cursor.enter(m_folders[*next].name); !entered) {
                 return entered;
+            }
             m_here = *next;
         }
         return {};
@@ -137,11 +123,13 @@ private:
 
     Expected<Bytes, DiskFailure> load(std::size_t folder, const std::string& name) try {
         SystemResult<void> moved = moveTo(folder);
-        if (!moved)
+        if (!moved) {
             return unexpected(diskFailure(pathOf(folder), moved.error()));
+        }
         const SystemResult<Bytes> bytes = readWhole(name);
-        if (!bytes)
+        if (!bytes) {
             return unexpected(diskFailure(pathOf(folder) + "/" + name, bytes.error()));
+        }
         return *bytes;
     } catch (const std::bad_alloc&) {
         return unexpected(diskFailure(pathOf(folder) + "/" + name, ENOMEM));
@@ -154,47 +142,57 @@ private:
         constexpr int attempts = 3;
         for (int attempt = 0; attempt < attempts; ++attempt) {
             SystemResult<Bytes> bytes = readOnce(name);
-            if (bytes || bytes.error() != EBUSY)
+            if (bytes || bytes.error() != EBUSY) {
                 return bytes;
+            }
         }
         return unexpected(EBUSY);
     }
 
     SystemResult<Bytes> readOnce(const std::string& name) {
         const SystemResult<FileDescriptor> file = m_fileSystem.openFile(m_cursor.folder(), name);
-        if (!file)
+        if (!file) {
             return unexpected(file.error());
+        }
         const SystemResult<NodeStatus> before = m_fileSystem.status(file->number());
-        if (!before)
+        if (!before) {
             return unexpected(before.error());
-        if (before->kind != NodeKind::regularFile)
+        }
+        if (before->kind != NodeKind::regularFile) {
             return unexpected(ESTALE);
+        }
         std::string text(before->identity.size, '\0');
         std::size_t length = 0;
         while (length < text.size()) {
             const SystemResult<std::size_t> count =
                 m_fileSystem.read(file->number(), text.data() + length, text.size() - length);
-            if (!count)
+            if (!count) {
                 return unexpected(count.error());
-            if (*count == 0)
+            }
+            if (*count == 0) {
                 return unexpected(EBUSY);
+            }
             length += *count;
         }
         const SystemResult<NodeStatus> after = m_fileSystem.status(file->number());
-        if (!after)
+        if (!after) {
             return unexpected(after.error());
-        if (after->identity != before->identity)
+        }
+        if (after->identity != before->identity) {
             return unexpected(EBUSY);
+        }
         return isSettled(after->identity) ? Bytes(std::move(text), after->identity) : Bytes(std::move(text));
     }
 
     std::string pathOf(std::size_t folder) const {
         std::vector<std::size_t> names;
-        for (; folder != 0; folder = m_folders[folder].parent)
+        for (; folder != 0; folder = m_folders[folder].parent) {
             names.push_back(folder);
+        }
         std::string path = m_folders[0].name;
-        for (auto name = names.rbegin(); name != names.rend(); ++name)
+        for (auto name = names.rbegin(); name != names.rend(); ++name) {
             path += "/" + m_folders[*name].name;
+        }
         return path;
     }
 
@@ -213,23 +211,27 @@ std::string withoutFinalSlashes(const std::string& path) {
 
 Expected<bool, DiskFailure> recoverInterruptedSave(const std::string& path, FileSystem& fileSystem) {
     const Expected<PackagePlace, DiskFailure> place = findPackagePlace(path, fileSystem);
-    if (!place)
+    if (!place) {
         return unexpected(place.error());
+    }
     return putAsideBack(fileSystem, *place);
 }
 
 Expected<FileWrapper, DiskFailure> readFolder(const std::string& path, FileSystem& fileSystem) {
     const std::string shown = withoutFinalSlashes(path);
-    if (path.find('\0') != std::string::npos)
+    if (path.find('\0') != std::string::npos) {
         return unexpected(diskFailure(shown, EINVAL));
+    }
     SystemResult<FileDescriptor> root = fileSystem.openRoot(path);
     if (!root && root.error() == ENOENT) {
         const Expected<bool, DiskFailure> recovered = recoverInterruptedSave(path, fileSystem);
-        if (recovered && *recovered)
+        if (recovered && *recovered) {
             root = fileSystem.openRoot(path);
+        }
     }
-    if (!root)
+    if (!root) {
         return unexpected(diskFailure(shown, root.error()));
+    }
     return std::make_shared<FolderReader>(fileSystem, shown, std::move(*root))->readTree();
 }
 
