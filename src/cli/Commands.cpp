@@ -69,11 +69,11 @@ Result<void> check(const std::string& package) {
         return unexpected(document.error());
     }
     size_t bytes = 0;
-    for (const auto& [key, contents] : document->assets) {
+    for (const auto& [key, contents] : *document->assets) {
         bytes += contents.size();
     }
     return writeOutput(counted(countOf(document->article.components), "component") + ", " +
-                           counted(document->assets.size(), "asset") + ", " + counted(bytes, "byte") +
+                           counted(document->assets->size(), "asset") + ", " + counted(bytes, "byte") +
                            " of assets\n",
                        {});
 }

@@ -23,8 +23,8 @@ Expected<ArticleFileDocument, PackageFailure> readWholePackage(const FileWrapper
         return unexpected(PackageFailure{std::move(assets.error())});
     }
     ArticleFileDocument document{std::move(*article), std::move(*assets), {}};
-    document.assetsFingerprint = assetsFingerprintText(document.assets);
-    logEvent("document.open.assets", assetsDetailText(document.assets));
+    document.assetsFingerprint = assetsFingerprintText(*document.assets);
+    logEvent("document.open.assets", assetsDetailText(*document.assets));
     return document;
 }
 
@@ -35,7 +35,7 @@ Expected<FileWrapper, PackageFailure> wholePackage(const ArticleFileDocument& do
     }
     FileWrapper root = FileWrapper::directory();
     addAsset(root, articleFileName, Bytes(std::move(*json)));
-    for (const auto& [key, bytes] : document.assets) {
+    for (const auto& [key, bytes] : *document.assets) {
         addAsset(root, key, bytes);
     }
     return root;
@@ -71,7 +71,7 @@ Expected<ArticleFileDocument, PackageFailure> readPackage(const FileWrapper& roo
 
 Expected<FileWrapper, PackageFailure> writePackage(const ArticleFileDocument& document) {
     const double start = logClock();
-    const std::string detail = assetsDetailText(document.assets);
+    const std::string detail = assetsDetailText(*document.assets);
     auto root = wholePackage(document);
     logDuration("document.save", start, detail);
     return root;

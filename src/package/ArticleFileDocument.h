@@ -20,11 +20,11 @@ using Assets = std::map<std::string, Bytes, std::less<>>;
 inline constexpr std::string_view articleFileName = "article.json";
 
 /// What the program holds of an open package: the article and all assets. A value; edits replace `article`,
-/// while `assets` and their fingerprint stay as they were read.
+/// while `assets` and their fingerprint stay as they were read. Copies share all of it.
 struct ArticleFileDocument {
     ArticleDocument article;
-    Assets assets;
-    std::string assetsFingerprint; ///< assetsFingerprintText of `assets`
+    Shared<Assets> assets;
+    Shared<std::string> assetsFingerprint; ///< assetsFingerprintText of `assets`
 
     bool operator==(const ArticleFileDocument&) const = default;
 };

@@ -27,7 +27,7 @@ Component makeTextComponent(ComponentRole role, std::string_view text, std::opti
 
 ArticleFileDocument makeNewDocument(ArticleDocument article) {
     ArticleFileDocument document{std::move(article), {}, {}};
-    document.assetsFingerprint = assetsFingerprintText(document.assets);
+    document.assetsFingerprint = assetsFingerprintText(*document.assets);
     return document;
 }
 

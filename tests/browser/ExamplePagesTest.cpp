@@ -47,7 +47,7 @@ void expectSoundPage(const ArticleFileDocument& document, PreviewDevice device,
     const std::string html = HTMLRenderer::renderPage(article, environment, 0);
     BrowserPage page(static_cast<int>(environment.viewportWidth),
                      static_cast<int>(environment.viewportHeight.value_or(0)));
-    ASSERT_TRUE(page.load(html, document.assets));
+    ASSERT_TRUE(page.load(html, *document.assets));
 
     EXPECT_THAT(page.scriptErrors(), IsEmpty());
     EXPECT_EQ(page.run("innerWidth"), std::to_string(static_cast<int>(environment.viewportWidth)));
@@ -79,7 +79,7 @@ void expectSoundPage(const ArticleFileDocument& document, PreviewDevice device,
     for (JsonElements walk(placeholders->root()); walk.next();) {
         const std::string label(walk.value().text().value_or(""));
         constexpr std::string_view scheme = "bundle://";
-        EXPECT_FALSE(label.starts_with(scheme) && document.assets.contains(label.substr(scheme.size())))
+        EXPECT_FALSE(label.starts_with(scheme) && document.assets->contains(label.substr(scheme.size())))
             << label << " is in the package";
     }
 

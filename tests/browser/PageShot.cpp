@@ -34,7 +34,7 @@ int take(const Shot& shot) {
         previewEnvironment(PreviewDevice::automatic, PreviewOrientation::portrait, shot.width, shot.height);
     environment.appearance = shot.appearance;
     BrowserPage page(shot.width, shot.height);
-    if (!page.load(HTMLRenderer::renderPage(document->article, environment, 0), document->assets)) {
+    if (!page.load(HTMLRenderer::renderPage(document->article, environment, 0), *document->assets)) {
         std::cerr << shot.package << ": the page did not load\n";
         return 1;
     }

@@ -54,7 +54,7 @@ TEST(ArticleFileDocument, everyFileButTheArticleIsAnAsset) {
 
     ASSERT_TRUE(document) << document.error().message("P");
     EXPECT_EQ(document->article.title, "T");
-    EXPECT_EQ(keysOf(document->assets), (std::vector<std::string>{".hidden", "a b/ü+.jpg", "images/A.png",
+    EXPECT_EQ(keysOf(*document->assets), (std::vector<std::string>{".hidden", "a b/ü+.jpg", "images/A.png",
                                                                   "images/a.png", "sub/article.json"}));
     EXPECT_EQ(document->assetsFingerprint,
               ".hidden:1,a b/ü+.jpg:3,images/A.png:1,images/a.png:2,sub/article.json:15");
@@ -152,16 +152,16 @@ TEST(ArticleFileDocument, aKeyNeverLeavesThePackage) {
     for (const std::string& key : {std::string("../out"), std::string("a/../../out"), std::string("."),
                                    std::string(300, 'x'), std::string("a\0b", 3)}) {
         SCOPED_TRACE(key);
-        document.assets = {{key, Bytes("x")}};
+        document.assets = Assets{{key, Bytes("x")}};
         const auto report = savePackage(document, scratch.path("P"));
         ASSERT_FALSE(report);
         EXPECT_TRUE(std::holds_alternative<DiskFailure>(report.error().cause));
     }
-    document.assets = {{"/etc/inside", Bytes("x")}};
+    document.assets = Assets{{"/etc/inside", Bytes("x")}};
     ASSERT_TRUE(savePackage(document, scratch.path("P")));
     const auto opened = openPackage(scratch.path("P"));
     ASSERT_TRUE(opened);
-    EXPECT_EQ(keysOf(opened->assets), std::vector<std::string>{"etc/inside"});
+    EXPECT_EQ(keysOf(*opened->assets), std::vector<std::string>{"etc/inside"});
 }
 
 TEST(ArticleFileDocument, assetsOfAnyDepthAreCollected) {
@@ -186,7 +186,7 @@ TEST(ArticleFileDocument, aPackageThatIsReplacedWhileItIsReadIsReadAnew) {
     const test::ScratchFolder scratch;
     ArticleFileDocument document{*sharedArticleDecoder.decode(smallArticle), {}, {}};
     for (const char* key : {"a", "b", "c"}) {
-        document.assets.emplace(key, Bytes(key));
+        document.assets.edit().emplace(key, Bytes(key));
     }
     ASSERT_TRUE(savePackage(document, scratch.path("P")));
     bool isReplaced = false;
@@ -204,7 +204,7 @@ TEST(ArticleFileDocument, aPackageThatIsReplacedWhileItIsReadIsReadAnew) {
 
 TEST(ArticleFileDocument, aFolderThatAnotherSaveTidiesAwayIsNotBuiltIn) {
     const test::ScratchFolder scratch;
-    const ArticleFileDocument document{*sharedArticleDecoder.decode(smallArticle), {{"a", Bytes("1")}}, {}};
+    const ArticleFileDocument document{*sharedArticleDecoder.decode(smallArticle), Assets{{"a", Bytes("1")}}, {}};
     ASSERT_TRUE(savePackage(document, scratch.path("P")));
     const auto before = test::snapshot(scratch.path("P"));
     int taken = -1;

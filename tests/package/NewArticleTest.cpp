@@ -53,7 +53,7 @@ TEST(GeneratedArticle, placesTheIdeaWhole) {
         }
         const ArticleFileDocument document = makeGeneratedDocument(prompt, now);
         EXPECT_EQ(jsonOf(document.article), jsonOf(objectOf(expected)));
-        EXPECT_TRUE(document.assets.empty());
+        EXPECT_TRUE(document.assets->empty());
         EXPECT_EQ(document.assetsFingerprint, "");
     }
     const auto idOfIntro = [] {

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+namespace quillon {
+
+/// Where work away from the main thread goes. Slow disks do not hold up pages, and pages no saves.
+enum class Lane { pages, disk };
+
+/// The main thread's clock and its way to other threads, as rules need them that must be testable without a
+/// window and without waiting. Everything is called on the main thread, from which all actions run, too.
+/// Whoever may be gone before an action runs guards it with `WhileAlive`.
+class Scheduler {
+public:
+    virtual ~Scheduler() = default;
+
+    /// Seconds since some moment; never runs backwards.
+    virtual double now() const = 0;
+
+    /// Runs `action` after `seconds` at the earliest, never within this call.
+    virtual void after(double seconds, std::function<void()> action) = 0;
+
+    /// Runs `work` on another thread, then on the main thread the action it returned. Several may run at
+    /// once.
+    virtual void inBackground(Lane lane, std::function<std::function<void()>()> work) = 0;
+};
+
+/// Makes actions do nothing once their owner is gone: a member of the owner, which wraps them.
+class WhileAlive {
+public:
+    WhileAlive() = default;
+    WhileAlive(const WhileAlive&) = delete;
+    WhileAlive& operator=(const WhileAlive&) = delete;
+
+    std::function<void()> operator()(std::function<void()> action) const {
+        return [owner = std::weak_ptr<const int>(m_owner), action = std::move(action)] {
+            if (!owner.expired()) {
+                action();
+            }
+        };
+    }
+
+private:
+    std::shared_ptr<const int> m_owner = std::make_shared<const int>(0);
+};
+
+} // namespace quillon

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "base/Bytes.h"
+#include "base/DiskFailure.h"
+#include "base/Expected.h"
+#include "base/FileSystem.h"
+
+#include <cstdint>
+#include <map>
+#include <string>
+
+namespace quillon {
+
+/// The state of a package's files on disk, as far as it can be told without reading them: which there are,
+/// and of each its identity. Two equal stamps mean that nobody wrote in between.
+struct PackageStamp {
+    std::map<std::string, FileIdentity> files; ///< by path within the package, folders left out
+
+    bool operator==(const PackageStamp&) const = default;
+
+    /// A number that stands for the whole, to be kept in a file; equal stamps have equal numbers.
+    std::uint64_t mark() const;
+};
+
+/// The stamp of the folder at `path`; ENOENT or ENOTDIR where none stands. Symbolic links are not followed
+/// below it. Costs one look at every file.
+Expected<PackageStamp, DiskFailure> packageStamp(const std::string& path,
+                                                 FileSystem& fileSystem = systemFileSystem());
+
+} // namespace quillon
