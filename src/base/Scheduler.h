@@ -27,19 +27,33 @@ public:
     virtual void inBackground(Lane lane, std::function<std::function<void()>()> work) = 0;
 };
 
-/// Makes actions do nothing once their owner is gone: a member of the owner, which wraps them.
+/// Makes actions do nothing once their owner is gone: a member of the owner, which wraps them. Its
+/// handles, for work on other threads to wrap its action with, do not keep the owner alive.
 class WhileAlive {
 public:
+    class Handle {
+    public:
+        explicit Handle(std::weak_ptr<const int> owner) : m_owner(std::move(owner)) {}
+
+        std::function<void()> operator()(std::function<void()> action) const {
+            return [owner = m_owner, action = std::move(action)] {
+                if (!owner.expired()) {
+                    action();
+                }
+            };
+        }
+
+    private:
+        std::weak_ptr<const int> m_owner;
+    };
+
     WhileAlive() = default;
     WhileAlive(const WhileAlive&) = delete;
     WhileAlive& operator=(const WhileAlive&) = delete;
 
+    Handle handle() const { return Handle(m_owner); }
     std::function<void()> operator()(std::function<void()> action) const {
-        return [owner = std::weak_ptr<const int>(m_owner), action = std::move(action)] {
-            if (!owner.expired()) {
-                action();
-            }
-        };
+        return handle()(std::move(action));
     }
 
 private:

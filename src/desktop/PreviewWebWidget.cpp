@@ -1,0 +1,222 @@
+#include "desktop/PreviewWebWidget.h"
+
+#include "desktop/WebBundle.h"
+#include "desktop/WebPage.h"
+#include "desktop/WebRequests.h"
+#include "preview/PageHandover.h"
+
+#include <QContextMenuEvent>
+#include <QEvent>
+#include <QMenu>
+#include <QVBoxLayout>
+#include <QWebEngineProfile>
+#include <QWebEngineView>
+
+#include <csignal>
+#include <optional>
+#include <utility>
+
+namespace quillon {
+
+namespace {
+
+constexpr double longestSilence = 3.0; ///< seconds in which a web process must take up a new page
+constexpr double calmTime = 30.0;      ///< seconds after which an earlier end of the process no longer counts
+constexpr int mostRestarts = 2;        ///< of one page, within that time
+
+/// The view, with a menu of what makes sense in a preview.
+class View : public QWebEngineView {
+public:
+    using QWebEngineView::QWebEngineView;
+    std::function<void()> onReload;
+
+protected:
+    void contextMenuEvent(QContextMenuEvent* event) override {
+        QMenu menu(this);
+        QAction* copy = menu.addAction(tr("Copy"));
+        copy->setEnabled(hasSelection());
+        connect(copy, &QAction::triggered, this, [this] { triggerPageAction(QWebEnginePage::Copy); });
+        connect(menu.addAction(tr("Reload Preview")), &QAction::triggered, this, [this] { onReload(); });
+        menu.exec(event->globalPos());
+    }
+};
+
+void endProcess(qint64 process) {
+    if (process > 0) {
+        ::kill(static_cast<pid_t>(process), SIGKILL);
+    }
+}
+
+struct WantedPage {
+    std::uint64_t number = 0;
+    Shared<std::string> html;
+    std::string baseURL;
+};
+
+} // namespace
+
+struct PreviewWebWidget::Parts {
+    Parts(const WebViewConfiguration& configuration, Scheduler& theScheduler, PreviewWebWidget& theWidget)
+        : widget(theWidget), scheduler(theScheduler), delegate(*configuration.delegate),
+          bundle(*configuration.schemeHandler), page(&profile, configuration) {}
+
+    void prepare();
+    void handOver(std::uint64_t number, PageHandover pieces);
+    void endSilence(std::uint64_t number);
+    void askForFinish();
+    void finish();
+    void processEnded();
+    ScrollPlace scrollPlace() const;
+
+    PreviewWebWidget& widget;
+    Scheduler& scheduler;
+    WebViewDelegate& delegate;
+    WebRequests requests;
+    WebBundle bundle;
+    QWebEngineProfile profile; ///< without a name: nothing is kept on disk
+    WebPage page;
+    View view;
+    WantedPage wanted;
+    std::uint64_t lastNumber = 0;
+    std::uint64_t takenUp = 0;  ///< the page whose script the engine has fetched last
+    std::uint64_t finished = 0; ///< the page that came up last
+    bool isWaiting = false;     ///< the process is gone until another page is wanted
+    int restarts = 0;
+    double lastEnd = 0;
+    WhileAlive whileAlive;
+};
+
+PreviewWebWidget::PreviewWebWidget(const WebViewConfiguration& configuration, Scheduler& scheduler,
+                                   QWidget* parent)
+    : QWidget(parent), m_parts(std::make_unique<Parts>(configuration, scheduler, *this)) {
+    Parts& parts = *m_parts;
+    parts.profile.setUrlRequestInterceptor(&parts.requests);
+    parts.profile.installUrlSchemeHandler(QByteArray::fromStdString(configuration.scheme), &parts.bundle);
+    parts.profile.setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
+    parts.profile.setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
+    if (!configuration.drawsBackground) {
+        parts.page.setBackgroundColor(palette().color(QPalette::Window));
+    }
+    parts.bundle.onPageRequested = [&parts](std::uint64_t page) {
+        parts.takenUp = page;
+    };
+    parts.view.onReload = [&parts] {
+        parts.prepare();
+    };
+    parts.view.setPage(&parts.page);
+    parts.view.setAcceptDrops(false);
+    parts.view.setObjectName(QStringLiteral("previewWebView"));
+    parts.view.setAccessibleName(tr("Preview"));
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(&parts.view);
+    connect(&parts.page, &QWebEnginePage::loadFinished, this, [&parts] { parts.askForFinish(); });
+    // Queued: the engine must not be asked anything while it tells of the end.
+    connect(
+        &parts.page, &QWebEnginePage::renderProcessTerminated, this, [&parts] { parts.processEnded(); },
+        Qt::QueuedConnection);
+}
+
+PreviewWebWidget::~PreviewWebWidget() {
+    // The view before the page, the page before its profile; the layout would delete the view once more.
+    m_parts->view.setParent(nullptr);
+}
+
+void PreviewWebWidget::loadHTML(const Shared<std::string>& html, const std::string& baseURL) {
+    m_parts->wanted.html = html;
+    m_parts->wanted.baseURL = baseURL;
+    m_parts->prepare();
+}
+
+void PreviewWebWidget::evaluateJavaScript(const std::string& script) {
+    m_parts->page.runJavaScript(QString::fromStdString(script));
+}
+
+void PreviewWebWidget::evaluate(const QString& script, std::function<void(const QString&)> done) {
+    m_parts->page.runJavaScript(script,
+                                [done = std::move(done)](const QVariant& value) { done(value.toString()); });
+}
+
+QWebEngineView* PreviewWebWidget::view() const {
+    return &m_parts->view;
+}
+
+qint64 PreviewWebWidget::processId() const {
+    return m_parts->page.renderProcessPid();
+}
+
+void PreviewWebWidget::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        m_parts->page.setBackgroundColor(palette().color(QPalette::Window));
+    }
+}
+
+void PreviewWebWidget::Parts::prepare() {
+    wanted.number = ++lastNumber;
+    scheduler.inBackground(Lane::pages,
+                           [this, number = wanted.number, html = wanted.html, alive = whileAlive.handle()] {
+                               return alive([this, number, pieces = pageHandover(*html)]() mutable {
+                                   handOver(number, std::move(pieces));
+                               });
+                           });
+}
+
+void PreviewWebWidget::Parts::handOver(std::uint64_t number, PageHandover pieces) {
+    if (number != wanted.number) {
+        return;
+    }
+    isWaiting = false;
+    bundle.offerPage(number, Bytes(std::move(pieces.script)));
+    // The engine would show an asset's former bytes under the same address.
+    profile.clearHttpCache();
+    const QUrl base(QString::fromStdString(wanted.baseURL));
+    page.setBase(base);
+    page.setHtml(
+        QString::fromStdString(handoverShell(pieces.prolog, number, scrollPlace(), bundle.scriptURL(number))),
+        base);
+    scheduler.after(longestSilence, whileAlive([this, number] { endSilence(number); }));
+}
+
+/// A page that never gives back its process, in an endless script for instance, would keep the next one out.
+void PreviewWebWidget::Parts::endSilence(std::uint64_t number) {
+    if (number == wanted.number && takenUp < number && !isWaiting) {
+        endProcess(page.renderProcessPid());
+    }
+}
+
+void PreviewWebWidget::Parts::askForFinish() {
+    // Loads in a row and refused navigations are told as well, so the page must say which one it is.
+    page.runJavaScript(QStringLiteral("window.__quillonPage"),
+                       [this, alive = whileAlive.handle()](const QVariant& value) {
+                           alive([this, number = value.toULongLong()] {
+                               if (number == wanted.number && finished < number) {
+                                   finished = number;
+                                   finish();
+                               }
+                           })();
+                       });
+}
+
+void PreviewWebWidget::Parts::finish() {
+    delegate.didFinish();
+    Q_EMIT widget.finished();
+}
+
+ScrollPlace PreviewWebWidget::Parts::scrollPlace() const {
+    const QPointF place = page.scrollPosition();
+    return {place.x(), place.y()};
+}
+
+void PreviewWebWidget::Parts::processEnded() {
+    const double now = scheduler.now();
+    restarts = now - lastEnd > calmTime ? 1 : restarts + 1;
+    lastEnd = now;
+    isWaiting = restarts > mostRestarts && takenUp == wanted.number;
+    if (!isWaiting && wanted.number > 0) {
+        prepare();
+    }
+    Q_EMIT widget.restarted(isWaiting);
+}
+
+} // namespace quillon

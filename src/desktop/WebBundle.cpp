@@ -1,0 +1,85 @@
+#include "desktop/WebBundle.h"
+
+#include "base/Uuid.h"
+#include "package/ProductPictures.h"
+#include "preview/BundleAddresses.h"
+
+#include <QBuffer>
+#include <QWebEngineUrlRequestJob>
+
+#include <utility>
+
+namespace quillon {
+
+namespace {
+
+/// Reads bytes where they lie and keeps them alive. A QBuffer, since the engine reads any other device with
+/// pauses of a second.
+class BytesBuffer : public QBuffer {
+public:
+    BytesBuffer(Bytes bytes, QObject* parent)
+        : QBuffer(parent), m_bytes(std::move(bytes)),
+          m_array(QByteArray::fromRawData(m_bytes.view().data(), static_cast<qsizetype>(m_bytes.size()))) {
+        setBuffer(&m_array);
+        open(QIODevice::ReadOnly);
+    }
+    ~BytesBuffer() override { close(); }
+
+private:
+    Bytes m_bytes;
+    QByteArray m_array;
+};
+
+void reply(QWebEngineUrlRequestJob* job, const std::string& type, Bytes bytes) {
+    job->reply(QByteArray::fromStdString(type), new BytesBuffer(std::move(bytes), job));
+}
+
+constexpr std::string_view pageFolder = "bundle:///.page/";
+constexpr std::string_view productFolder = "bundle:///.product/";
+
+} // namespace
+
+WebBundle::WebBundle(const BundleSchemeHandler& assets) : m_assets(assets), m_secret(Uuid::random().text()) {}
+
+std::string WebBundle::scriptURL(std::uint64_t page) const {
+    return std::string(pageFolder) + m_secret + "/" + std::to_string(page);
+}
+
+void WebBundle::offerPage(std::uint64_t page, Bytes script) {
+    m_offeredPage = page;
+    m_offeredScript = std::move(script);
+}
+
+void WebBundle::requestStarted(QWebEngineUrlRequestJob* job) {
+    const std::string url = job->requestUrl().toEncoded().toStdString();
+    if (m_offeredPage != 0 && url == scriptURL(m_offeredPage)) {
+        const std::uint64_t page = std::exchange(m_offeredPage, 0);
+        if (onPageRequested) {
+            onPageRequested(page);
+        }
+        reply(job, "text/javascript;charset=utf-8", std::exchange(m_offeredScript, Bytes()));
+        return;
+    }
+    for (const std::string_view picture : productPictureURLs()) {
+        if (url == productPictureBundleURL(picture)) {
+            reply(job, "image/png", Bytes(std::string(*productPicture(picture))));
+            return;
+        }
+    }
+    auto answer = m_assets.answer(url);
+    if (!answer) {
+        const bool isBad = answer.error() == BundleSchemeHandler::Failure::badURL;
+        job->fail(isBad ? QWebEngineUrlRequestJob::UrlInvalid : QWebEngineUrlRequestJob::UrlNotFound);
+        return;
+    }
+    reply(job, answer->mimeType, std::move(answer->data));
+}
+
+std::string productPictureBundleURL(std::string_view url) {
+    if (!productPicture(url)) {
+        return {};
+    }
+    return std::string(productFolder) + std::string(url.substr(url.rfind('/') + 1));
+}
+
+} // namespace quillon
