@@ -84,6 +84,25 @@ public:
 
     friend bool operator==(const List& left, const List& right) { return equal(left.m_root, right.m_root); }
 
+    /// How many elements at the front are the very same in both lists. Nodes that both share cost one look.
+    size_t sharedPrefix(const List& other) const {
+        size_t count = sharedFront(m_root, other.m_root);
+        const size_t most = std::min(size(), other.size());
+        while (count < most && item(count).isIdentical(other.item(count))) {
+            ++count;
+        }
+        return count;
+    }
+    /// The same at the back, for the elements beyond the first `prefix` of both.
+    size_t sharedSuffix(const List& other, size_t prefix) const {
+        const size_t most = std::min(size(), other.size()) - prefix;
+        size_t count = std::min(most, sharedBack(m_root, other.m_root));
+        while (count < most && item(size() - count - 1).isIdentical(other.item(other.size() - count - 1))) {
+            ++count;
+        }
+        return count;
+    }
+
     /// Walks the values in order.
     class Iterator {
     public:
@@ -268,6 +287,51 @@ private:
             }
         }
         return true;
+    }
+
+    /// The elements that two trees share at their front, as far as their nodes stand side by side; no more
+    /// than there are.
+    static size_t sharedFront(const NodeHandle& left, const NodeHandle& right) {
+        size_t count = 0;
+        if (left.isIdentical(right)) {
+            return left ? left->count : 0;
+        }
+        if (!left || !right) {
+            return 0;
+        }
+        const size_t most = std::min(left->children.size(), right->children.size());
+        for (size_t child = 0; child < most; ++child) {
+            const NodeHandle& one = left->children[child];
+            const NodeHandle& other = right->children[child];
+            const size_t shared = sharedFront(one, other);
+            count += shared;
+            if (shared < one->count || shared < other->count) {
+                break;
+            }
+        }
+        return count;
+    }
+
+    /// The same at their back.
+    static size_t sharedBack(const NodeHandle& left, const NodeHandle& right) {
+        size_t count = 0;
+        if (left.isIdentical(right)) {
+            return left ? left->count : 0;
+        }
+        if (!left || !right) {
+            return 0;
+        }
+        const size_t most = std::min(left->children.size(), right->children.size());
+        for (size_t child = 1; child <= most; ++child) {
+            const NodeHandle& one = left->children[left->children.size() - child];
+            const NodeHandle& other = right->children[right->children.size() - child];
+            const size_t shared = sharedBack(one, other);
+            count += shared;
+            if (shared < one->count || shared < other->count) {
+                break;
+            }
+        }
+        return count;
     }
 
     NodeHandle m_root;

@@ -2,14 +2,15 @@
 
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <memory>
 
 namespace quillon {
 
-/// The settings that the program keeps for the user, in one file at the platform's usual place. All instances
-/// on one file agree, those of other processes included: `changed` comes for every change, wherever it was
-/// made, shortly after it.
+/// What the program keeps for the user, in one file at the platform's usual place. All instances on one file
+/// agree, those of other processes included: `changed` comes for every change, wherever it was made, shortly
+/// after it. A value of the wrong type counts as absent.
 class Settings : public QObject {
     Q_OBJECT
 
@@ -26,6 +27,13 @@ public:
 
     void setShowLaunchWindowOnLaunch(bool value);
     void setComponentOutlineShowsDetails(bool value);
+
+    /// "recentDocuments": folders, latest first, in the form that RecentDocuments gives them.
+    QStringList recentDocuments() const;
+    void setRecentDocuments(const QStringList& folders);
+
+    /// Takes over at once what others wrote to the file.
+    void refresh();
 
 Q_SIGNALS:
     void changed();

@@ -16,7 +16,7 @@ struct StoreChange {
     bool assets = false;
     bool selection = false;
     bool file = false;    ///< `fileState` or `isEdited`
-    bool history = false; ///< what undo and redo would do
+    bool history = false; ///< what undo and redo would do, even where they are called the same as before
 };
 
 /// The one object of a document window that changes: the current document, its undo list, its selection and
@@ -24,7 +24,8 @@ struct StoreChange {
 class DocumentStore {
 public:
     /// `clock` gives seconds that never run backwards. `state` says where `document` came from; a document
-    /// that differs from its file from the start (recovered) is given what the file holds as `saved`.
+    /// that counts as edited from the start (recovered) is given as `saved` what would not: what its file
+    /// holds, or for one never saved any other value, such as an empty one.
     DocumentStore(ArticleFileDocument document, FileState state, std::function<double()> clock,
                   std::optional<ArticleFileDocument> saved = std::nullopt);
 
@@ -34,7 +35,7 @@ public:
     const FileState& fileState() const;
     std::optional<std::string> path() const; ///< of fileState
 
-    /// Replaces the article; an equal one changes nothing. `selection` is what the edit selects, if anything.
+    /// Replaces the article; an equal one makes no step. `selection` is what the edit selects, if anything.
     void edit(const EditKind& kind, ArticleDocument article,
               std::optional<EditorSelection> selection = std::nullopt);
     void select(const EditorSelection& selection);
@@ -50,8 +51,8 @@ public:
     /// saved counts as edited only once it was edited; one whose folder is gone always does.
     bool isEdited() const;
 
-    /// Takes the value to save at `path`; the state is Saving until `finishSaving`. Edits go on meanwhile.
-    /// Must not be called while saving.
+    /// Takes the value to save at `path`; the state is Saving until `finishSaving`. Edits go on meanwhile, as
+    /// steps of their own. Must not be called while saving.
     ArticleFileDocument beginSaving(const std::string& path);
     /// The save came through: the folder holds what beginSaving gave.
     void finishSaving(PackageStamp stamp);
@@ -61,19 +62,22 @@ public:
     /// What a look at the folder found; nothing for a folder that is gone. Returns whether the state changed.
     /// Does nothing while saving and for a document never saved.
     bool noteDisk(const std::optional<PackageStamp>& stamp);
-    /// Takes over what the folder holds now, as a step that can be undone, called `name`.
+    /// Takes over what the folder holds now, as a step that can be undone, called `name`. Components that
+    /// stay keep their ids. Does nothing while saving and for a document never saved.
     void takeFromDisk(ArticleFileDocument document, PackageStamp stamp, const std::string& name);
 
     Subscription observe(std::function<void(const StoreChange&)> observer);
 
 private:
     void announce(StoreChange change);
+    /// Goes one step by `move` of the history.
+    void travel(bool (UndoHistory::*move)());
+    bool computeIsEdited() const;
 
     UndoHistory m_history;
     FileState m_fileState;
-    std::optional<ArticleFileDocument> m_saved; ///< what the folder holds; nothing where it holds none
+    ArticleFileDocument m_unedited; ///< the value that does not count as edited
     std::optional<ArticleFileDocument> m_beingSaved;
-    ArticleFileDocument m_first; ///< what a document never saved began with
     std::function<double()> m_clock;
     bool m_isEdited = false;
     Observers<StoreChange> m_observers;

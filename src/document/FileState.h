@@ -36,6 +36,7 @@ struct ChangedOnDisk {
 /// The folder was removed or moved away.
 struct Gone {
     std::string path;
+    Shared<PackageStamp> stamp; ///< of the folder as the document knew it, in case it comes back
 
     bool operator==(const Gone&) const = default;
 };

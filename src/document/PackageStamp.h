@@ -12,7 +12,8 @@
 namespace quillon {
 
 /// The state of a package's files on disk, as far as it can be told without reading them: which there are,
-/// and of each its identity. Two equal stamps mean that nobody wrote in between.
+/// and of each its identity. Two equal stamps mean that nobody wrote in between, but for a file that was
+/// written twice at its place within one step of the file system's clock, some milliseconds.
 struct PackageStamp {
     std::map<std::string, FileIdentity> files; ///< by path within the package, folders left out
 

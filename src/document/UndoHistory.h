@@ -35,8 +35,10 @@ public:
     /// Changes the selection without making a step of it.
     void select(const EditorSelection& selection);
 
-    /// Makes `next` the current value, edited at `now` (seconds); what had been undone is forgotten. Beyond
-    /// the memory bound the oldest steps go, but never the last one.
+    /// Makes `next` the current value, edited at `now` (seconds); what had been undone is forgotten. An edit
+    /// of the field of the last one, at most `foldingTime` after it, goes into its step; where that leads
+    /// back to the value before it, the step vanishes. Beyond the memory bound the oldest steps go, but never
+    /// the last one.
     void record(const EditKind& kind, EditedValue next, double now);
     /// Keeps the next edit from being folded into the last one.
     void endFolding();
@@ -60,6 +62,9 @@ private:
         double time = 0;    ///< of the last edit folded into it
         std::size_t weight = 0;
     };
+
+    void forgetUndone();
+    void dropLast();
 
     EditedValue m_current;
     std::deque<Step> m_steps;

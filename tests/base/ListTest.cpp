@@ -157,5 +157,24 @@ TEST(SharedOptional, editingLeavesOtherHoldersTheirValue) {
     EXPECT_FALSE(first.isIdentical(second));
 }
 
+RC_GTEST_PROP(List, tellsWhatTwoVersionsShare, (uint16_t size, uint16_t erased, uint16_t place)) {
+    const Numbers list = counted(1 + size % 9000);
+    const size_t at = place % list.size();
+    Numbers other = list;
+    for (size_t count = std::min<size_t>(erased % 200, list.size() - at); count > 0; --count) {
+        other = other.erase(at);
+    }
+    for (int count = 0; count < size % 100; ++count) {
+        other = other.insert(at, -1);
+    }
+    const bool isSame = erased % 200 == 0 && size % 100 == 0;
+    const size_t prefix = list.sharedPrefix(other);
+    RC_ASSERT(prefix == (isSame ? list.size() : at));
+    const size_t suffix = list.sharedSuffix(other, prefix);
+    RC_ASSERT(suffix == (isSame ? 0
+                                : std::min(list.size(), list.size() - at) -
+                                      std::min<size_t>(erased % 200, list.size() - at)));
+}
+
 } // namespace
 } // namespace quillon

@@ -1,0 +1,92 @@
+// What DocumentController does with the copies that a crash left.
+#include "desktop/Background.h"
+#include "desktop/DocumentController.h"
+#include "desktop/DocumentText.h"
+#include "desktop/Questions.h"
+#include "desktop/RecoveryOffer.h"
+#include "editor/DocumentWindow.h"
+
+#include <utility>
+
+namespace quillon {
+
+void DocumentController::offer(std::vector<LeftRecoveryCopy> left) {
+    m_offer = std::make_unique<RecoveryOffer>(std::move(left),
+                                              [this](LeftRecoveryCopy copy) { recover(std::move(copy)); });
+    connect(m_offer.get(), &QDialog::finished, this, [this, held = hold()]() mutable {
+        m_offer.release()->deleteLater();
+        if (m_sessions.empty() && m_openings.empty() && m_recovering == 0 && !m_isQuitting) {
+            newDocument();
+        }
+        held.reset();
+    });
+    m_offer->show();
+}
+
+void DocumentController::recover(LeftRecoveryCopy left) {
+    const auto shared = std::make_shared<LeftRecoveryCopy>(std::move(left));
+    ++m_recovering;
+    runOnDisk(
+        m_scheduler, m_alive, [shared] { return readRecovered(*shared); },
+        [this, shared, held = hold()](Expected<RecoveredDocument, DiskFailure> recovered) {
+            --m_recovering;
+            finishRecovery(*shared, std::move(recovered));
+        });
+}
+
+void DocumentController::finishRecovery(LeftRecoveryCopy& left,
+                                        Expected<RecoveredDocument, DiskFailure> recovered) {
+    if (!recovered) {
+        tell(nullptr, QStringLiteral("Could Not Recover Article"),
+             QString::fromStdString(recovered.error().message) +
+                 QStringLiteral(".\nThe copy stays where it is."));
+        return;
+    }
+    const auto path = pathOf(recovered->state);
+    if (DocumentSession* open = path ? sessionAt(*path) : nullptr) {
+        open->takeRecovered(recovered->document.article, left);
+        open->window().bringForward();
+        return;
+    }
+    auto copy = left.adopt(recovered->document.article);
+    DocumentSession& session =
+        add(std::make_unique<DocumentStore>(std::move(recovered->document), std::move(recovered->state),
+                                            clock(), std::move(recovered->saved)),
+            std::move(copy));
+    if (recovered->lackOfAssets) {
+        tell(&session.window(),
+             QStringLiteral("The article was recovered without its pictures and other files."),
+             QString::fromStdString(*recovered->lackOfAssets) + QLatin1Char('.'));
+    }
+}
+
+void DocumentController::offerLeft(DocumentSession& session, LeftRecoveryCopy left) {
+    const auto shared = std::make_shared<LeftRecoveryCopy>(std::move(left));
+    const RecoveryInfo& info = shared->info();
+    ask(&session.window(),
+        {.name = QStringLiteral("leftCopyQuestion"),
+         .text = QStringLiteral("There are changes to “%1” that were not saved.").arg(shownTitle(info.title)),
+         .detail = QStringLiteral(
+                       "Quillon ended before they were saved, last on %1. Recovering them can be undone.")
+                       .arg(shownTime(info.time)),
+         .answers = {{QStringLiteral("Recover"), QMessageBox::AcceptRole,
+                      [this, &session, shared] {
+                          recoverInto(session, *shared);
+                      }},
+                     {QStringLiteral("Discard"), QMessageBox::DestructiveRole,
+                      [shared] {
+                          shared->discard();
+                      }},
+                     {QStringLiteral("Decide Later"), QMessageBox::RejectRole, {}}}});
+}
+
+void DocumentController::recoverInto(DocumentSession& session, LeftRecoveryCopy& left) {
+    if (const auto article = left.article()) {
+        session.takeRecovered(*article, left);
+    } else {
+        tell(&session.window(), QStringLiteral("Could Not Recover Article"),
+             QString::fromStdString(article.error().message) + QLatin1Char('.'));
+    }
+}
+
+} // namespace quillon

@@ -1,0 +1,112 @@
+#include "desktop/SaveJob.h"
+
+#include "desktop/PackagePath.h"
+#include "package/PackageFile.h"
+
+#include <cerrno>
+#include <filesystem>
+
+namespace quillon {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+bool holdsArticle(const std::string& folder) {
+    std::error_code error;
+    return fs::is_regular_file(folder + "/" + std::string(articleFileName), error);
+}
+
+bool isInsidePackage(const std::string& path) {
+    for (std::string above = parentFolder(path); above != "/"; above = parentFolder(above)) {
+        if (holdsArticle(above)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+struct Advice {
+    int errorNumber;
+    std::string_view text;
+};
+
+constexpr Advice advices[] = {
+    {ENOSPC, "Free some space on the disk, or choose another place with Save As…."},
+    {EDQUOT, "Free some space on the disk, or choose another place with Save As…."},
+    {EACCES, "You may not write there. Choose another place with Save As…."},
+    {EPERM, "You may not write there. Choose another place with Save As…."},
+    {EROFS, "You may not write there. Choose another place with Save As…."},
+    {ENOENT, "The folder around the article is missing. Choose another place with Save As…."},
+    {ENOTDIR, "There is no folder any more. Choose another place with Save As…."},
+    {EEXIST, "Something else has this name now. Choose another name with Save As…."},
+    {ENAMETOOLONG, "Choose a shorter name with Save As…."},
+    {ESTALE, "Save once more."},
+    {EBUSY, "Save once more."},
+};
+
+} // namespace
+
+bool isMissing(const DiskFailure& failure) {
+    return failure.errorNumber == ENOENT || failure.errorNumber == ENOTDIR;
+}
+
+SavePlace judgeSavePlace(const std::string& path) {
+    const std::string place = resolvedPath(path);
+    std::error_code error;
+    if (!fs::is_directory(parentFolder(place), error)) {
+        return {SavePlaceKind::noParent};
+    }
+    if (isInsidePackage(place)) {
+        return {SavePlaceKind::insidePackage};
+    }
+    const fs::file_status status = fs::symlink_status(place, error);
+    if (!fs::exists(status)) {
+        return {SavePlaceKind::free};
+    }
+    if (!fs::is_directory(status)) {
+        return {SavePlaceKind::notAFolder};
+    }
+    const bool isPackageFolder = holdsArticle(place);
+    if (!isPackageFolder) {
+        const bool isEmpty = fs::is_empty(place, error);
+        return {isEmpty && !error ? SavePlaceKind::emptyFolder : SavePlaceKind::foreignFolder};
+    }
+    const auto stamp = packageStamp(place);
+    return {SavePlaceKind::package, stamp ? stamp->files.size() : 0};
+}
+
+SaveOutcome runSave(const ArticleFileDocument& document, const SaveOrder& order) {
+    Existing existing = order.rule == SaveRule::onlyIfFree ? Existing::refuse : Existing::replace;
+    if (order.rule == SaveRule::ifUnchanged) {
+        auto found = packageStamp(order.path);
+        if (!found && !isMissing(found.error())) {
+            return PackageFailure{std::move(found.error())};
+        }
+        if (found && !(order.known && *found == *order.known)) {
+            return SaveConflict{std::move(*found)};
+        }
+        existing = found ? Existing::replace : Existing::refuse;
+    }
+    if (auto saved = savePackage(document, order.path, existing); !saved) {
+        return std::move(saved.error());
+    }
+    // Where the look fails, the empty stamp makes the next one take the folder for changed.
+    return packageStamp(order.path).value_or(PackageStamp{});
+}
+
+std::string saveAdvice(const PackageFailure& failure) {
+    if (std::holds_alternative<EncodeFailure>(failure.cause)) {
+        return "Undo the last changes, or correct this number, and save again.";
+    }
+    if (const auto* disk = std::get_if<DiskFailure>(&failure.cause)) {
+        for (const Advice& advice : advices) {
+            if (advice.errorNumber == disk->errorNumber) {
+                return std::string(advice.text);
+            }
+        }
+    }
+    return "Save once more, or choose another place with Save As….";
+}
+
+} // namespace quillon
