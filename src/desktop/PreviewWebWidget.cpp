@@ -132,6 +132,11 @@ void PreviewWebWidget::evaluateJavaScript(const std::string& script) {
     m_parts->page.runJavaScript(QString::fromStdString(script));
 }
 
+void PreviewWebWidget::reload() {
+    m_parts->restarts = 0;
+    m_parts->prepare();
+}
+
 void PreviewWebWidget::evaluate(const QString& script, std::function<void(const QString&)> done) {
     m_parts->page.runJavaScript(script,
                                 [done = std::move(done)](const QVariant& value) { done(value.toString()); });

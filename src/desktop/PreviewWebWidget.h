@@ -26,6 +26,9 @@ public:
     void loadHTML(const Shared<std::string>& html, const std::string& baseURL) override;
     void evaluateJavaScript(const std::string& script) override;
 
+    /// Brings the current page up once more.
+    void reload();
+
     /// Runs `script` and hands its value as text to `done`; for tests.
     void evaluate(const QString& script, std::function<void(const QString&)> done);
     QWebEngineView* view() const;

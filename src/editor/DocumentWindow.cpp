@@ -1,9 +1,11 @@
 #include "editor/DocumentWindow.h"
 
 #include "desktop/DocumentText.h"
+#include "desktop/ImageDecoding.h"
 #include "desktop/RecentDocuments.h"
 #include "editor/PreviewPane.h"
 #include "editor/WindowPlacement.h"
+#include "preview/ArticleDerivedContentCache.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -79,6 +81,7 @@ std::string firstFolder(const QMimeData* data) {
 
 struct DocumentWindow::Parts {
     DocumentStore& store;
+    ArticleDerivedContentCache cache{decodeImage};
     QString newName;
     bool mayClose = false;
     bool wasPlaced = false;
@@ -104,8 +107,7 @@ DocumentWindow::DocumentWindow(DocumentStore& store, Settings& settings, Schedul
     column->setSpacing(0);
     buildNotice();
     column->addWidget(m_parts->notice);
-    auto* preview = new PreviewPane(store, settings, scheduler, middle);
-    preview->setObjectName(QStringLiteral("preview"));
+    auto* preview = new PreviewPane(store, m_parts->cache, settings, scheduler, middle);
     preview->setAccessibleName(QStringLiteral("Preview"));
     column->addWidget(preview, 1);
     setCentralWidget(middle);

@@ -1,11 +1,142 @@
 #include "editor/PreviewPane.h"
 
+#include "base/Time.h"
+#include "desktop/ApplicationInfo.h"
+#include "desktop/PreviewWebWidget.h"
+#include "editor/PreviewNote.h"
+#include "preview/ArticlePreviewView.h"
+#include "preview/ResponsiveArticlePreview.h"
+
+#include <QProgressBar>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include <chrono>
+
 namespace quillon {
 
-struct PreviewPane::Parts {};
+namespace {
 
-PreviewPane::PreviewPane(DocumentStore&, Settings&, Scheduler&, QWidget* parent) : QWidget(parent) {}
+using namespace std::chrono_literals;
+
+constexpr auto progressDelay = 300ms; ///< what takes less needs no sign
+constexpr int progressWidth = 160;
+
+PreviewState previewState(const DocumentStore& store, const Settings& settings) {
+    return {.document = store.document(),
+            .mapsEmbedToken = settings.mapsEmbedToken().toStdString(),
+            .mapsEmbedOrigin = settings.mapsEmbedOrigin().toStdString()};
+}
+
+} // namespace
+
+struct PreviewPane::Parts {
+    Parts(DocumentStore& theStore, ArticleDerivedContentCache& cache, Settings& theSettings,
+          Scheduler& scheduler, PreviewPane& pane)
+        : store(theStore), settings(theSettings),
+          preview(previewState(theStore, theSettings), cache, {scheduler, applicationInfo, wallClockSeconds}),
+          web(coordinator.configuration(), scheduler, &pane), progress(&pane), note(&pane) {}
+
+    void follow(const StoreChange& change);
+    void updateWeb();
+
+    DocumentStore& store;
+    Settings& settings;
+    ResponsiveArticlePreview preview;
+    ArticlePreviewView::Coordinator coordinator;
+    PreviewWebWidget web;
+    QProgressBar progress; ///< until there is a page
+    PreviewNote note;
+    Subscription subscription;
+};
+
+PreviewPane::PreviewPane(DocumentStore& store, ArticleDerivedContentCache& cache, Settings& settings,
+                         Scheduler& scheduler, QWidget* parent)
+    : QWidget(parent), m_parts(std::make_unique<Parts>(store, cache, settings, scheduler, *this)) {
+    Parts& parts = *m_parts;
+    setObjectName(QStringLiteral("previewPane"));
+    setAutoFillBackground(true);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(&parts.web);
+
+    parts.progress.setObjectName(QStringLiteral("previewProgress"));
+    parts.progress.setAccessibleName(tr("The page is being made"));
+    parts.progress.setRange(0, 0);
+    parts.progress.setTextVisible(false);
+    parts.progress.setFixedWidth(progressWidth);
+    parts.progress.hide();
+    QTimer::singleShot(progressDelay, &parts.progress,
+                       [&parts] { parts.progress.setVisible(!parts.preview.renderedPreview().has_value()); });
+
+    parts.preview.onRendered = [&parts] {
+        parts.progress.hide();
+        parts.updateWeb();
+    };
+    parts.subscription = store.observe([&parts](const StoreChange& change) { parts.follow(change); });
+    connect(&settings, &Settings::changed, this,
+            [&parts] { parts.preview.setState(previewState(parts.store, parts.settings)); });
+    connect(&parts.web, &PreviewWebWidget::finished, this, &PreviewPane::pageShown);
+    connect(&parts.web, &PreviewWebWidget::restarted, this, [this, &parts](bool isWaiting) {
+        if (isWaiting) {
+            parts.note.tell(
+                tr("The page has stopped its web process several times. It is tried again with your "
+                   "next change."),
+                tr("Try Again"));
+        } else {
+            parts.note.tell(tr("The page's web process stopped and was started again."), QString());
+        }
+    });
+    connect(&parts.note, &PreviewNote::actionChosen, this, [&parts] {
+        parts.note.hide();
+        parts.web.reload();
+    });
+}
 
 PreviewPane::~PreviewPane() = default;
+
+PreviewWebWidget& PreviewPane::webWidget() const {
+    return m_parts->web;
+}
+
+void PreviewPane::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    QProgressBar& progress = m_parts->progress;
+    progress.move((width() - progress.width()) / 2, (height() - progress.height()) / 2);
+    m_parts->note.arrange();
+    if (isVisible()) {
+        m_parts->preview.layOut(width(), height());
+    }
+}
+
+void PreviewPane::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    m_parts->preview.layOut(width(), height());
+}
+
+void PreviewPane::Parts::follow(const StoreChange& change) {
+    if (change.assets) {
+        coordinator.forgetAssets();
+    }
+    if (change.article || change.assets) {
+        preview.setState(previewState(store, settings));
+    }
+    if (change.assets || change.selection) {
+        updateWeb();
+    }
+}
+
+void PreviewPane::Parts::updateWeb() {
+    const auto& rendered = preview.renderedPreview();
+    if (!rendered) {
+        return;
+    }
+    coordinator.update(web, {.html = rendered->html,
+                             .contentKey = rendered->key,
+                             .assetsFingerprint = store.document().assetsFingerprint,
+                             .assets = store.document().assets,
+                             .environment = preview.environment(),
+                             .focusedComponentID = store.selection().component});
+}
 
 } // namespace quillon

@@ -10,13 +10,28 @@
 
 namespace quillon {
 
+class ArticleDerivedContentCache;
+class PreviewWebWidget;
+
 /// The middle of a document window: the article's page, which follows every change of the store.
 class PreviewPane : public QWidget {
     Q_OBJECT
 
 public:
-    PreviewPane(DocumentStore& store, Settings& settings, Scheduler& scheduler, QWidget* parent = nullptr);
+    /// `cache` is the window's; all references outlive the pane.
+    PreviewPane(DocumentStore& store, ArticleDerivedContentCache& cache, Settings& settings,
+                Scheduler& scheduler, QWidget* parent = nullptr);
     ~PreviewPane() override;
+
+    PreviewWebWidget& webWidget() const;
+
+Q_SIGNALS:
+    /// A page is complete on the screen.
+    void pageShown();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
 private:
     struct Parts;
