@@ -64,17 +64,22 @@ struct Range {
 struct Match {
     std::size_t before;
     std::size_t after;
+    bool isIdentical; ///< not only by its id
 };
 
-/// The place of each id in a part of a list; an id that stands there twice has none.
-std::unordered_map<Uuid, std::optional<std::size_t>> placesOf(const Components& list, const Range& range) {
-    std::unordered_map<Uuid, std::optional<std::size_t>> places;
+/// A component and its place in a list.
+struct Placed {
+    std::size_t index;
+    const Shared<Component>* component;
+};
+
+/// The components of a part of a list by their ids.
+std::unordered_map<Uuid, Placed> placesOf(const Components& list, const Range& range) {
+    std::unordered_map<Uuid, Placed> places;
     places.reserve(range.size());
-    for (std::size_t index = range.begin; index < range.end; ++index) {
-        const auto [place, isNew] = places.try_emplace(list[index].id, index);
-        if (!isNew) {
-            place->second.reset();
-        }
+    Components::Iterator component(&list, range.begin);
+    for (std::size_t index = range.begin; index < range.end; ++index, ++component) {
+        places.try_emplace(component->id, Placed{index, &component.item()});
     }
     return places;
 }
@@ -108,13 +113,14 @@ std::vector<Match> longestRising(const std::vector<Match>& matches) {
 /// The components that both parts have by their ids, in an order that both share.
 std::vector<Match> matchIds(const Components& before, const Range& old, const Components& after,
                             const Range& current) {
-    const auto oldPlaces = placesOf(before, old);
-    const auto newPlaces = placesOf(after, current);
+    const auto places = placesOf(before, old);
     std::vector<Match> matches;
-    for (std::size_t index = current.begin; index < current.end; ++index) {
-        const auto oldPlace = oldPlaces.find(after[index].id);
-        if (oldPlace != oldPlaces.end() && oldPlace->second && newPlaces.at(after[index].id)) {
-            matches.push_back({*oldPlace->second, index});
+    Components::Iterator component(&after, current.begin);
+    for (std::size_t index = current.begin; index < current.end; ++index, ++component) {
+        const auto place = places.find(component->id);
+        if (place != places.end()) {
+            const auto& [oldIndex, oldComponent] = place->second;
+            matches.push_back({oldIndex, index, oldComponent->isIdentical(component.item())});
         }
     }
     return longestRising(matches);
@@ -160,7 +166,9 @@ private:
         Range currentRest = current;
         for (auto match = matches.rbegin(); match != matches.rend(); ++match) {
             compareGap(before, {match->before + 1, oldRest.end}, after, {match->after + 1, currentRest.end});
-            compareComponents(match->before, before, match->after, after);
+            if (!match->isIdentical) {
+                compareComponents(match->before, before, match->after, after);
+            }
             oldRest.end = match->before;
             currentRest.end = match->after;
         }

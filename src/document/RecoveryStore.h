@@ -27,9 +27,9 @@ struct RecoveryInfo {
 /// in a folder of its own, locked as long as this object lives, so that no other program takes it for that of
 /// a program that crashed. It may be used from any thread, by one at a time.
 ///
-/// The folder holds the article at some moment (`article.json`), the changes since, one line for each write
-/// (`changes`), and where it belongs (`info.json`). A line that a crash cut short is passed over. When the
-/// changes outgrow the article, the article is written anew.
+/// The folder holds one file, a journal: where the article belongs, the article at some moment, and the
+/// changes since, one for each write. A change that a crash cut short is passed over. When the changes
+/// outgrow the article, a new journal takes the place of the old one.
 class RecoveryCopy {
 public:
     ~RecoveryCopy();
@@ -42,6 +42,9 @@ public:
 
     /// Removes the copy from disk; a later write makes it anew.
     void remove();
+
+    /// Whether there may be something to remove.
+    bool isOnDisk() const;
 
     std::uint64_t bytesWritten() const; ///< by all writes so far
 
@@ -58,6 +61,7 @@ private:
 class LeftRecoveryCopy {
 public:
     LeftRecoveryCopy(LeftRecoveryCopy&&) noexcept;
+    LeftRecoveryCopy& operator=(LeftRecoveryCopy&&) noexcept;
     ~LeftRecoveryCopy();
 
     const RecoveryInfo& info() const;
@@ -85,17 +89,21 @@ private:
 class RecoveryStore {
 public:
     /// `folder` is made when it is first needed.
-    explicit RecoveryStore(std::string folder);
+    explicit RecoveryStore(std::string folder, FileSystem& fileSystem = systemFileSystem());
 
     /// A place for the copy of a document; nothing is on disk before its first write.
     std::unique_ptr<RecoveryCopy> newCopy() const;
 
-    /// The copies that no running program owns, the latest first. Those that hold nothing to recover are
-    /// removed on the way. A folder that cannot be read gives none.
+    /// The copies that no running program owns, the latest first, up to a number that no program leaves.
+    /// Those that hold nothing to recover are removed on the way, unless they hold files of others. A folder
+    /// that cannot be read gives none. Reads no article.
     std::vector<LeftRecoveryCopy> leftCopies() const;
 
 private:
+    std::optional<LeftRecoveryCopy> leftCopy(const FileDescriptor& store, const std::string& name) const;
+
     std::string m_folder;
+    FileSystem* m_fileSystem;
 };
 
 } // namespace quillon
