@@ -2,9 +2,11 @@
 
 #include "package/ArticleFileDocument.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 
 namespace quillon {
 
@@ -19,24 +21,26 @@ bool isArticle(const QString& path) {
         .isFile();
 }
 
-/// An article is a folder, which a dialog would enter where a user means to choose it.
+/// Qt's own dialog enters a folder that the user means to choose, and an article is one. It also takes what is
+/// selected in the list for the answer when the name in the field is another one by now.
 class SaveDialog : public QFileDialog {
 public:
     using QFileDialog::QFileDialog;
 
-    std::optional<std::string> chosen() const { return m_chosen; }
+    const std::optional<std::string>& chosen() const { return m_chosen; }
 
     void accept() override {
-        const QStringList files = selectedFiles();
-        if (files.size() == 1 && isArticle(files.first())) {
-            m_chosen = pathOf(files.first());
-            QDialog::accept();
+        const QString named = namedPath();
+        if (named.isEmpty() || (QFileInfo(named).isDir() && !isArticle(named))) {
+            QFileDialog::accept();
             return;
         }
-        QFileDialog::accept();
+        m_chosen = pathOf(named);
+        QDialog::accept();
     }
 
     void done(int result) override {
+        // A dialog of the desktop's own knows only this.
         if (const QStringList files = selectedFiles(); result == Accepted && !m_chosen && !files.isEmpty()) {
             m_chosen = pathOf(files.first());
         }
@@ -44,6 +48,24 @@ public:
     }
 
 private:
+    /// What the field names; empty where there is no field. A bare name is that of the selected item, which
+    /// need not be in the folder that is shown.
+    QString namedPath() const {
+        const auto* field = findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        QString text = field ? field->text() : QString();
+        if (text.isEmpty()) {
+            return text;
+        }
+        const QStringList selected = selectedFiles();
+        if (selected.size() == 1 && QFileInfo(selected.first()).fileName() == text) {
+            return selected.first();
+        }
+        if (text.startsWith(QLatin1String("~/"))) {
+            text.replace(0, 1, QDir::homePath());
+        }
+        return QDir::cleanPath(directory().absoluteFilePath(text));
+    }
+
     std::optional<std::string> m_chosen;
 };
 

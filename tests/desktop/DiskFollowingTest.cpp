@@ -1,0 +1,125 @@
+#include "DocumentsFixture.h"
+
+#include <filesystem>
+
+namespace quillon::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+using DiskFollowingTest = DocumentsTest;
+
+constexpr auto changedNotice = "The article was changed by another program.";
+constexpr auto goneNotice = "The folder was moved or deleted.";
+
+TEST_F(DiskFollowingTest, AnUneditedDocumentFollowsItsFolder) {
+    const std::string package = writePackage("Trip");
+    DocumentSession* session = open(package);
+    ASSERT_TRUE(session);
+    for (const char* next : {"Second", "Third"}) {
+        rewrite(package, next);
+        ASSERT_TRUE(wait([&] { return title(*session) == next; })) << next;
+        EXPECT_FALSE(session->store().isEdited());
+    }
+    m_folder.write("Trip/images/a.jpg", "another picture");
+    ASSERT_TRUE(wait(
+        [&] { return session->store().document().assets->at("images/a.jpg").view() == "another picture"; }));
+    EXPECT_EQ(session->store().undoTitle(), "Undo Reload from Disk");
+    session->store().undo();
+    EXPECT_EQ(session->store().document().assets->at("images/a.jpg").view(), "picture");
+    EXPECT_TRUE(session->store().isEdited());
+}
+
+TEST_F(DiskFollowingTest, ABrokenArticleIsNotTakenOver) {
+    const std::string package = writePackage("Trip");
+    DocumentSession* session = open(package);
+    ASSERT_TRUE(session);
+    m_folder.write("Trip/article.json", "{ half");
+    ASSERT_TRUE(hasNotice(*session, changedNotice));
+    EXPECT_EQ(title(*session), "First");
+    rewrite(package, "Whole again");
+    ASSERT_TRUE(wait([&] { return title(*session) == "Whole again"; }));
+    EXPECT_TRUE(hasNotice(*session, ""));
+}
+
+TEST_F(DiskFollowingTest, TheUserDecidesAboutAnEditedDocument) {
+    const std::string package = writePackage("Trip");
+    DocumentSession* session = open(package);
+    ASSERT_TRUE(session);
+    setTitle(*session, "Mine");
+    rewrite(package, "Theirs");
+    ASSERT_TRUE(hasNotice(*session, changedNotice));
+    pressNotice(*session, "Keep Mine");
+    EXPECT_TRUE(hasNotice(*session, ""));
+    EXPECT_EQ(title(*session), "Mine");
+    rewrite(package, "Theirs, once more");
+    ASSERT_TRUE(hasNotice(*session, changedNotice)) << "that is another change";
+    pressNotice(*session, "Reload");
+    ASSERT_TRUE(wait([&] { return title(*session) == "Theirs, once more"; }));
+    EXPECT_TRUE(hasNotice(*session, ""));
+    session->store().undo();
+    EXPECT_EQ(title(*session), "Mine");
+}
+
+TEST_F(DiskFollowingTest, AFolderThatGoesIsNoticedAndCanBeSavedAnew) {
+    const std::string package = writePackage("Trip");
+    const auto before = snapshot(package);
+    DocumentSession* session = open(package);
+    ASSERT_TRUE(session);
+    fs::rename(package, path("Elsewhere"));
+    ASSERT_TRUE(hasNotice(*session, goneNotice));
+    EXPECT_TRUE(session->store().isEdited());
+    fs::rename(path("Elsewhere"), package);
+    ASSERT_TRUE(hasNotice(*session, "")) << "it is back as it was";
+    EXPECT_FALSE(session->store().isEdited());
+    fs::remove_all(package);
+    ASSERT_TRUE(hasNotice(*session, goneNotice));
+    pressNotice(*session, "Save");
+    ASSERT_TRUE(wait([&] { return !session->store().isEdited(); }));
+    EXPECT_EQ(snapshot(package), before);
+    EXPECT_TRUE(hasNotice(*session, ""));
+}
+
+TEST_F(DiskFollowingTest, RevertAsksAndCanBeUndone) {
+    const std::string package = writePackage("Trip");
+    DocumentSession* session = open(package);
+    ASSERT_TRUE(session);
+    auto* revert = session->window().findChild<QAction*>("revert");
+    EXPECT_FALSE(revert->isEnabled());
+    setTitle(*session, "Mine");
+    revert->trigger();
+    ASSERT_TRUE(answer(session->window(), "revertQuestion", "Cancel"));
+    EXPECT_EQ(title(*session), "Mine");
+    revert->trigger();
+    ASSERT_TRUE(answer(session->window(), "revertQuestion", "Revert"));
+    ASSERT_TRUE(wait([&] { return title(*session) == "First"; }));
+    EXPECT_FALSE(session->store().isEdited());
+    EXPECT_EQ(session->store().undoTitle(), "Undo Revert to Saved");
+    session->store().undo();
+    EXPECT_EQ(title(*session), "Mine");
+}
+
+TEST_F(DiskFollowingTest, OwnSavesAreNoChange) {
+    const std::string package = writePackage("Trip");
+    DocumentSession* session = open(package);
+    ASSERT_TRUE(session);
+    int changes = 0;
+    const Subscription subscription = session->store().observe([&](const StoreChange&) {
+        changes += std::holds_alternative<file::ChangedOnDisk>(session->store().fileState()) ? 1 : 0;
+    });
+    for (int round = 0; round < 5; ++round) {
+        setTitle(*session, std::to_string(round));
+        session->save();
+        ASSERT_TRUE(wait([&] { return !session->store().isEdited(); }));
+    }
+    // A change of another program comes after all looks at the own saves.
+    rewrite(package, "Theirs");
+    ASSERT_TRUE(wait([&] { return title(*session) == "Theirs"; }));
+    EXPECT_EQ(changes, 1);
+    EXPECT_EQ(session->store().undoTitle(), "Undo Reload from Disk");
+}
+
+} // namespace
+
+} // namespace quillon::test
