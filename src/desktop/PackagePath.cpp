@@ -32,7 +32,8 @@ bool isControl(char character) {
 std::string absolutePath(std::string_view path) {
     std::error_code error;
     const fs::path absolute = fs::absolute(fs::path(path), error);
-    return withoutFinalSlashes(error ? std::string(path) : absolute.lexically_normal().native());
+    // Pieces like ".." stay: behind a symbolic link they lead elsewhere than they seem to.
+    return withoutFinalSlashes(error ? std::string(path) : absolute.native());
 }
 
 std::string packageFolder(const std::string& path) {
