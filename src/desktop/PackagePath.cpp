@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string withoutFinalSlashes(std::string path) {
+std::string withoutFinalSlashes(const std::string& path) {
     const std::size_t last = path.find_last_not_of('/');
     return last == std::string::npos ? path.substr(0, 1) : path.substr(0, last + 1);
 }

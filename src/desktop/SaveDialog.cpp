@@ -36,7 +36,7 @@ public:
             return;
         }
         m_chosen = pathOf(named);
-        QDialog::accept();
+        done(Accepted);
     }
 
     void done(int result) override {
