@@ -185,6 +185,11 @@ void DocumentController::finishOpening(DocumentOpening* opening, OpeningResult r
         m_recents.look();
         return;
     }
+    if (DocumentSession* open = sessionAt(result->path)) {
+        // A recovery or a save to this place was faster.
+        open->window().bringForward();
+        return;
+    }
     m_recents.add(result->path);
     DocumentSession& session =
         add(std::make_unique<DocumentStore>(std::move(result->document),

@@ -100,7 +100,7 @@ void DocumentSession::review(std::function<void(bool)> done) {
     }));
 }
 
-void DocumentSession::askToSave(std::function<void(bool)> done) {
+void DocumentSession::askToSave(const std::function<void(bool)>& done) {
     m_window->bringForward();
     const auto save = [this, done] {
         m_saving->save([this, done](bool isSaved) {

@@ -70,7 +70,7 @@ Q_SIGNALS:
 
 private:
     void connectWindow();
-    void askToSave(std::function<void(bool)> done);
+    void askToSave(const std::function<void(bool)>& done);
     void endReview(const std::function<void(bool)>& done, bool mayGo);
     void savingEnded(bool isSaved);
 

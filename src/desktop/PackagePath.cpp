@@ -13,7 +13,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::string withoutFinalSlashes(std::string path) {
+std::string withoutFinalSlashes(const std::string& path) {
     const std::size_t last = path.find_last_not_of('/');
     return last == std::string::npos ? path.substr(0, 1) : path.substr(0, last + 1);
 }
@@ -32,7 +32,8 @@ bool isControl(char character) {
 std::string absolutePath(std::string_view path) {
     std::error_code error;
     const fs::path absolute = fs::absolute(fs::path(path), error);
-    return withoutFinalSlashes(error ? std::string(path) : absolute.lexically_normal().native());
+    // Pieces like ".." stay: behind a symbolic link they lead elsewhere than they seem to.
+    return withoutFinalSlashes(error ? std::string(path) : absolute.native());
 }
 
 std::string packageFolder(const std::string& path) {

@@ -65,10 +65,10 @@ QMessageBox* tellFailure(QWidget* parent, const QString& text, const QString& de
                         .answers = {{QStringLiteral("OK"), QMessageBox::AcceptRole, std::move(done)}}});
 }
 
-QMessageBox* openQuestion(const QWidget* window) {
-    for (QMessageBox* box : window->findChildren<QMessageBox*>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (box->isVisible()) {
-            return box;
+QDialog* openQuestion(const QWidget* window) {
+    for (QDialog* dialog : window->findChildren<QDialog*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (dialog->isVisible()) {
+            return dialog;
         }
     }
     return nullptr;

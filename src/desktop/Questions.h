@@ -34,7 +34,7 @@ QMessageBox* ask(QWidget* parent, Question question);
 QMessageBox* tellFailure(QWidget* parent, const QString& text, const QString& detail,
                          std::function<void()> done = {});
 
-/// The box that asks or tells something on `window` right now; null if there is none.
-QMessageBox* openQuestion(const QWidget* window);
+/// The dialog that asks or tells something on `window` right now; null if there is none.
+QDialog* openQuestion(const QWidget* window);
 
 } // namespace quillon

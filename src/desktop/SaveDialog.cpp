@@ -21,8 +21,8 @@ bool isArticle(const QString& path) {
         .isFile();
 }
 
-/// Qt's own dialog enters a folder that the user means to choose, and an article is one. It also takes what is
-/// selected in the list for the answer when the name in the field is another one by now.
+/// Qt's own dialog enters a folder that the user means to choose, and an article is one. It also takes what
+/// is selected in the list for the answer when the name in the field is another one by now.
 class SaveDialog : public QFileDialog {
 public:
     using QFileDialog::QFileDialog;
@@ -36,7 +36,7 @@ public:
             return;
         }
         m_chosen = pathOf(named);
-        QDialog::accept();
+        done(Accepted);
     }
 
     void done(int result) override {
@@ -56,9 +56,10 @@ private:
         if (text.isEmpty()) {
             return text;
         }
-        const QStringList selected = selectedFiles();
-        if (selected.size() == 1 && QFileInfo(selected.first()).fileName() == text) {
-            return selected.first();
+        for (const QString& selected : selectedFiles()) {
+            if (QFileInfo(selected).fileName() == text) {
+                return selected;
+            }
         }
         if (text.startsWith(QLatin1String("~/"))) {
             text.replace(0, 1, QDir::homePath());

@@ -234,7 +234,8 @@ void DocumentWindow::bringForward() {
 
 void DocumentWindow::closeForGood() {
     m_parts->mayClose = true;
-    close();
+    // Not close(), which does nothing while the window asks whether it may close.
+    hide();
 }
 
 void DocumentWindow::closeEvent(QCloseEvent* event) {

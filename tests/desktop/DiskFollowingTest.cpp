@@ -1,6 +1,7 @@
 #include "DocumentsFixture.h"
 
 #include <filesystem>
+#include <fstream>
 
 namespace quillon::test {
 
@@ -29,6 +30,21 @@ TEST_F(DiskFollowingTest, AnUneditedDocumentFollowsItsFolder) {
     session->store().undo();
     EXPECT_EQ(session->store().document().assets->at("images/a.jpg").view(), "picture");
     EXPECT_TRUE(session->store().isEdited());
+}
+
+TEST_F(DiskFollowingTest, WhatNobodyHeardIsFoundWhenTheWindowIsUsedAgain) {
+    DocumentSession* session = open(writePackage("Trip"));
+    ASSERT_TRUE(session);
+    DocumentSession& other = m_controller->newDocument();
+    other.window().activateWindow();
+    ASSERT_TRUE(wait([&] { return other.window().isActiveWindow(); }));
+    const auto picture = [&] {
+        return session->store().document().assets->at("images/a.jpg").view();
+    };
+    // In place: no folder tells of it.
+    std::ofstream(path("Trip/images/a.jpg"), std::ios::app) << ", retouched";
+    session->window().activateWindow();
+    EXPECT_TRUE(wait([&] { return picture() == "picture, retouched"; }));
 }
 
 TEST_F(DiskFollowingTest, ABrokenArticleIsNotTakenOver) {

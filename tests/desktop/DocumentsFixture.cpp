@@ -67,7 +67,7 @@ QString DocumentsTest::title(const DocumentSession& session) {
 QMessageBox* DocumentsTest::question(const QWidget& window, const char* name) {
     QMessageBox* found = nullptr;
     (void)wait([&] {
-        QMessageBox* box = openQuestion(&window);
+        auto* box = qobject_cast<QMessageBox*>(openQuestion(&window));
         found = box && box->objectName() == QLatin1String(name) ? box : nullptr;
         return found != nullptr;
     });

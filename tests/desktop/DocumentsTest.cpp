@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 #include <QUrl>
 
+#include <cerrno>
 #include <filesystem>
 
 namespace quillon::test {
@@ -108,6 +109,28 @@ TEST_F(DocumentsTest, ALongReadShowsAndCanBeCancelled) {
     m_scheduler.release();
     EXPECT_TRUE(open(package)) << "a later one is a new one";
     EXPECT_EQ(m_controller->sessions().size(), 1U);
+}
+
+TEST_F(DocumentsTest, AReadIsCountedAndStopsWhenItIsCancelled) {
+    const std::string package = writePackage("Trip");
+    m_folder.write("Trip/film.mov", std::string(3'000'000, 'x'));
+    const RecoveryStore recovery(path("state/recovery"));
+    std::uintmax_t bytes = 0;
+    for (const auto& entry : fs::recursive_directory_iterator(package)) {
+        bytes += entry.is_regular_file() ? entry.file_size() : 0;
+    }
+    ReadProgress whole;
+    const OpeningResult read = readForOpening(package, package, recovery, whole);
+    ASSERT_TRUE(read);
+    EXPECT_EQ(read->document.assets->at("film.mov").size(), 3'000'000U);
+    EXPECT_EQ(whole.bytesRead, bytes);
+
+    ReadProgress cancelled;
+    cancelled.isCancelled = true;
+    const OpeningResult none = readForOpening(package, package, recovery, cancelled);
+    ASSERT_FALSE(none);
+    EXPECT_EQ(std::get<DiskFailure>(none.error().cause).errorNumber, ECANCELED);
+    EXPECT_EQ(cancelled.bytesRead, 0U);
 }
 
 TEST_F(DocumentsTest, AFolderDroppedOnAWindowOpens) {

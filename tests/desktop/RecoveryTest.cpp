@@ -264,6 +264,7 @@ TEST_F(RecoveryTest, ThePackageMayHaveChangedMeanwhile) {
             EXPECT_TRUE(answer(trip->window(), "failure", "OK"));
         }
         if (row.state == 2) {
+            EXPECT_TRUE(hasNotice(*trip, "The article was changed by another program."));
             trip->save();
             EXPECT_TRUE(answer(trip->window(), "conflictQuestion", "Cancel"));
         }

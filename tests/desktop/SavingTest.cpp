@@ -38,6 +38,8 @@ TEST_F(SavingTest, AFirstSaveProposesTheTitleAndGivingUpChangesNothing) {
     ASSERT_TRUE(
         wait([&] { return (dialog = session.window().findChild<QDialog*>("saveDialog")) != nullptr; }));
     EXPECT_EQ(dialog->findChild<QLineEdit*>("fileNameEdit")->text(), "Here-There");
+    m_controller->quit();
+    EXPECT_EQ(m_controller->sessions().size(), 1U) << "nothing closes under an open question";
     dialog->reject();
     EXPECT_TRUE(session.store().isEdited());
     EXPECT_EQ(session.store().path(), std::nullopt);
