@@ -180,6 +180,7 @@ void PreviewWebWidget::Parts::handOver(std::uint64_t number, PageHandover pieces
     page.setHtml(
         QString::fromStdString(handoverShell(pieces.prolog, number, scrollPlace(), bundle.scriptURL(number))),
         base);
+    Q_EMIT widget.handedOver();
     scheduler.after(longestSilence, whileAlive([this, number] { endSilence(number); }));
 }
 

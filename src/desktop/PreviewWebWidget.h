@@ -38,6 +38,9 @@ Q_SIGNALS:
     /// The web process ended and was started again with the current page, or, where that happens again and
     /// again, waits for the next one.
     void restarted(bool isWaiting);
+    /// The engine was given the page to load.
+    void handedOver();
+    /// The page is complete.
     void finished();
 
 protected:

@@ -1,10 +1,14 @@
 #include "desktop/WebEngine.h"
 
+#include <QByteArray>
 #include <QWebEngineUrlScheme>
 
 namespace quillon {
 
 void prepareWebEngine() {
+    // Scroll bars that take room would make every page that follows its pane wider than what shows of it.
+    constexpr char flags[] = "QTWEBENGINE_CHROMIUM_FLAGS";
+    qputenv(flags, qgetenv(flags).append(" --enable-features=OverlayScrollbar"));
     QWebEngineUrlScheme scheme("bundle");
     // Any form with a host lowers the capitals of the first folder's name.
     scheme.setSyntax(QWebEngineUrlScheme::Syntax::Path);
