@@ -14,6 +14,7 @@ namespace quillon {
 /// What the command line asks for.
 struct CommandLine {
     std::vector<std::string> packages;
+    std::string picture; ///< file for a picture of the first page's window, to be taken in place of a session
     std::optional<std::string> answer; ///< to be printed in place of starting the program
     bool isWrong = false;              ///< then `answer` says why
 };
@@ -27,9 +28,11 @@ public:
     QuillonApp();
 
     /// Runs the program until its last window has closed. Returns its exit status.
-    int run(const std::vector<std::string>& packages);
+    int run(const CommandLine& line);
 
 private:
+    void takePicture(const std::string& file);
+
     QtScheduler m_scheduler;
     Settings m_settings;
     DocumentController m_documents;

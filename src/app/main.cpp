@@ -33,5 +33,5 @@ int main(int argc, char** argv) {
     if (line.answer) {
         return answer(line);
     }
-    return quillon::QuillonApp().run(line.packages);
+    return quillon::QuillonApp().run(line);
 }

@@ -91,13 +91,14 @@ DocumentSession& DocumentController::add(std::unique_ptr<DocumentStore> store,
     auto made = std::make_unique<DocumentSession>(services, std::move(store), std::move(copy), newName);
     DocumentSession* session = made.get();
     m_sessions.push_back({std::move(made), hold()});
-    const DocumentWindow* window = &session->window();
+    DocumentWindow* window = &session->window();
     connect(window, &DocumentWindow::newRequested, this, [this] { newDocument(); });
     connect(window, &DocumentWindow::openRequested, this,
             [this, session] { openWithDialog(&session->window()); });
     connect(window, &DocumentWindow::openPathRequested, this,
             [this, session](const std::string& path) { open(path, &session->window()); });
     connect(window, &DocumentWindow::quitRequested, this, &DocumentController::quit);
+    connect(window, &DocumentWindow::pageShown, this, [this, window] { Q_EMIT pageShown(window); });
     connect(session, &DocumentSession::closed, this, [this, session] { remove(session); });
     session->window().show();
     return *session;
@@ -107,6 +108,14 @@ void DocumentController::remove(DocumentSession* session) {
     const auto entry = std::find_if(m_sessions.begin(), m_sessions.end(),
                                     [&](const Session& each) { return each.session.get() == session; });
     if (entry != m_sessions.end()) {
+        // A gigabyte of assets takes a tenth of a second to be let go of.
+        auto last = std::make_shared<ArticleFileDocument>(session->store().document());
+        connect(session, &QObject::destroyed, this, [this, last = std::move(last)]() mutable {
+            m_scheduler.inBackground(Lane::disk, [held = std::move(last)]() mutable {
+                held.reset();
+                return std::function<void()>([] {});
+            });
+        });
         // Its window may be in the middle of an event.
         entry->session.release()->deleteLater();
         m_sessions.erase(entry);

@@ -50,6 +50,8 @@ public:
     RecentDocuments& recents() { return m_recents; }
 
 Q_SIGNALS:
+    /// The page of a document is complete in its window.
+    void pageShown(QWidget* window);
     /// The last window has gone, and nothing is on its way.
     void nothingLeft();
 

@@ -5,9 +5,11 @@
 #include "desktop/WebRequests.h"
 #include "preview/PageHandover.h"
 
+#include <QChildEvent>
 #include <QContextMenuEvent>
 #include <QEvent>
 #include <QMenu>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineProfile>
 #include <QWebEngineView>
@@ -31,6 +33,16 @@ public:
     std::function<void()> onReload;
 
 protected:
+    /// What is dropped on a page belongs to the window. The engine's own widgets come and go with its process
+    /// and take all drops.
+    void childEvent(QChildEvent* event) override {
+        QWebEngineView::childEvent(event);
+        if (event->added() && event->child()->isWidgetType()) {
+            auto* widget = static_cast<QWidget*>(event->child());
+            QTimer::singleShot(0, widget, [widget] { widget->setAcceptDrops(false); });
+        }
+    }
+
     void contextMenuEvent(QContextMenuEvent* event) override {
         QMenu menu(this);
         QAction* copy = menu.addAction(tr("Copy"));

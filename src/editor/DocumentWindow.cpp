@@ -109,10 +109,13 @@ DocumentWindow::DocumentWindow(DocumentStore& store, Settings& settings, Schedul
     column->addWidget(m_parts->notice);
     auto* preview = new PreviewPane(store, m_parts->cache, settings, scheduler, middle);
     preview->setAccessibleName(QStringLiteral("Preview"));
+    connect(preview, &PreviewPane::pageShown, this, &DocumentWindow::pageShown);
     column->addWidget(preview, 1);
     setCentralWidget(middle);
     statusBar()->setObjectName(QStringLiteral("statusBar"));
     statusBar()->setAccessibleName(QStringLiteral("Status"));
+    statusBar()->setSizeGripEnabled(false);
+    statusBar()->hide();
     buildMenus();
     m_parts->subscription = store.observe([this](const StoreChange&) { showState(); });
     showState();
@@ -223,6 +226,7 @@ void DocumentWindow::hideNotice() {
 
 void DocumentWindow::showStatus(const QString& text) {
     statusBar()->showMessage(text);
+    statusBar()->setVisible(!text.isEmpty());
 }
 
 void DocumentWindow::bringForward() {

@@ -59,6 +59,7 @@ Q_SIGNALS:
     void revertRequested();
     void quitRequested();
     void activated();
+    void pageShown(); ///< the article's page is complete
 
 protected:
     void closeEvent(QCloseEvent* event) override;

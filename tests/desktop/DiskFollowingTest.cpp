@@ -14,7 +14,7 @@ using DiskFollowingTest = DocumentsTest;
 constexpr auto changedNotice = "The article was changed by another program.";
 constexpr auto goneNotice = "The folder was moved or deleted.";
 
-TEST_F(DiskFollowingTest, AnUneditedDocumentFollowsItsFolder) {
+TEST_F(DiskFollowingTest, anUneditedDocumentFollowsItsFolder) {
     const std::string package = writePackage("Trip");
     DocumentSession* session = open(package);
     ASSERT_TRUE(session);
@@ -32,7 +32,7 @@ TEST_F(DiskFollowingTest, AnUneditedDocumentFollowsItsFolder) {
     EXPECT_TRUE(session->store().isEdited());
 }
 
-TEST_F(DiskFollowingTest, WhatNobodyHeardIsFoundWhenTheWindowIsUsedAgain) {
+TEST_F(DiskFollowingTest, whatNobodyHeardIsFoundWhenTheWindowIsUsedAgain) {
     DocumentSession* session = open(writePackage("Trip"));
     ASSERT_TRUE(session);
     DocumentSession& other = m_controller->newDocument();
@@ -59,7 +59,7 @@ TEST_F(DiskFollowingTest, ABrokenArticleIsNotTakenOver) {
     EXPECT_TRUE(hasNotice(*session, ""));
 }
 
-TEST_F(DiskFollowingTest, TheUserDecidesAboutAnEditedDocument) {
+TEST_F(DiskFollowingTest, theUserDecidesAboutAnEditedDocument) {
     const std::string package = writePackage("Trip");
     DocumentSession* session = open(package);
     ASSERT_TRUE(session);
@@ -97,7 +97,7 @@ TEST_F(DiskFollowingTest, AFolderThatGoesIsNoticedAndCanBeSavedAnew) {
     EXPECT_TRUE(hasNotice(*session, ""));
 }
 
-TEST_F(DiskFollowingTest, RevertAsksAndCanBeUndone) {
+TEST_F(DiskFollowingTest, revertAsksAndCanBeUndone) {
     const std::string package = writePackage("Trip");
     DocumentSession* session = open(package);
     ASSERT_TRUE(session);
@@ -116,7 +116,7 @@ TEST_F(DiskFollowingTest, RevertAsksAndCanBeUndone) {
     EXPECT_EQ(title(*session), "Mine");
 }
 
-TEST_F(DiskFollowingTest, OwnSavesAreNoChange) {
+TEST_F(DiskFollowingTest, ownSavesAreNoChange) {
     const std::string package = writePackage("Trip");
     DocumentSession* session = open(package);
     ASSERT_TRUE(session);

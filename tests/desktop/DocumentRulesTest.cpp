@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST(DocumentRulesTest, FolderNamesAreSafeAndKeepWhatTheyCan) {
+TEST(DocumentRulesTest, folderNamesAreSafeAndKeepWhatTheyCan) {
     const struct {
         std::string title;
         std::string name;
@@ -44,13 +44,13 @@ TEST(DocumentRulesTest, FolderNamesAreSafeAndKeepWhatTheyCan) {
     EXPECT_EQ(proposedFolderName(flags), flags.substr(0, 120));
 }
 
-TEST(DocumentRulesTest, WindowTitlesKeepTheirMarkApart) {
+TEST(DocumentRulesTest, windowTitlesKeepTheirMarkApart) {
     EXPECT_EQ(windowTitle("Spring", "Trip"), "Spring[*] — Trip");
     EXPECT_EQ(windowTitle(shownTitle(" a\n[*]b "), "[*]"), "a [*][*]b[*] — [*][*]");
     EXPECT_EQ(shownTitle("\t\n"), "Untitled");
 }
 
-TEST(DocumentRulesTest, PathsOfAnyBytesSurviveTextsAndAddresses) {
+TEST(DocumentRulesTest, pathsOfAnyBytesSurviveTextsAndAddresses) {
     for (const std::string path : {"/a b/ü/%41", "/a\xFF/\xC3", "/x,y;\"z\"\n"}) {
         EXPECT_EQ(decodedPath(encodedPath(path)), path);
         EXPECT_EQ(pathFromUrl(QUrl(QStringLiteral("file://") + encodedPath(path))), path);
@@ -58,7 +58,7 @@ TEST(DocumentRulesTest, PathsOfAnyBytesSurviveTextsAndAddresses) {
     EXPECT_EQ(pathFromUrl(QUrl("https://example.com/a")), "");
 }
 
-TEST(DocumentRulesTest, WindowsFillTheScreenAndMayShrinkAsFarAsItAllows) {
+TEST(DocumentRulesTest, windowsFillTheScreenAndMayShrinkAsFarAsItAllows) {
     EXPECT_EQ(initialPlacement(QRect(0, 24, 1920, 1056)),
               (WindowPlacement{QRect(32, 56, 1856, 992), QSize(1180, 720)}));
     EXPECT_EQ(initialPlacement(QRect(100, 0, 1000, 700)),
@@ -66,7 +66,7 @@ TEST(DocumentRulesTest, WindowsFillTheScreenAndMayShrinkAsFarAsItAllows) {
     EXPECT_EQ(initialPlacement(QRect(0, 0, 64, 700)), std::nullopt);
 }
 
-TEST(DocumentRulesTest, RecentPathsComeOnceAndLatestFirst) {
+TEST(DocumentRulesTest, recentPathsComeOnceAndLatestFirst) {
     EXPECT_EQ(withRecentPath({"a", "b", "c"}, "c"), (std::vector<std::string>{"c", "a", "b"}));
     std::vector<std::string> list;
     for (int number = 0; number < 30; ++number) {
@@ -77,7 +77,7 @@ TEST(DocumentRulesTest, RecentPathsComeOnceAndLatestFirst) {
     EXPECT_EQ(list.back(), "10");
 }
 
-TEST(DocumentRulesTest, PlacesForAnArticleAreJudgedByWhatASaveWouldRemove) {
+TEST(DocumentRulesTest, placesForAnArticleAreJudgedByWhatASaveWouldRemove) {
     const ScratchFolder folder;
     folder.write("article/article.json", "{}");
     folder.write("article/images/a.jpg", "");
@@ -153,7 +153,7 @@ TEST(DocumentRulesTest, ASaveReplacesOnlyWhatItMay) {
     }
 }
 
-TEST(DocumentRulesTest, EveryFailureOfASaveNamesAWayOut) {
+TEST(DocumentRulesTest, everyFailureOfASaveNamesAWayOut) {
     for (const int number : {ENOSPC, EACCES, EROFS, ENOENT, EEXIST, ENAMETOOLONG, ESTALE, EIO, 9999}) {
         const std::string advice = saveAdvice({diskFailure("/a", number)});
         EXPECT_TRUE(advice.find("Save") != std::string::npos) << advice;

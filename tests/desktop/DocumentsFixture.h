@@ -1,5 +1,7 @@
 #pragma once
 
+#include "WaitFor.h"
+
 #include "desktop/DocumentController.h"
 #include "desktop/QtScheduler.h"
 #include "desktop/Settings.h"
@@ -79,7 +81,7 @@ protected:
     /// Types `path` into the open Save As dialog.
     static bool choosePlace(DocumentSession& session, const std::string& path);
 
-    static bool wait(const std::function<bool()>& condition) { return QTest::qWaitFor(condition); }
+    static bool wait(const std::function<bool()>& condition) { return waitFor(condition); }
     bool hasSessions(std::size_t count) {
         return wait([&] { return m_controller->sessions().size() == count; });
     }

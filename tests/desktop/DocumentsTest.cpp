@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-TEST_F(DocumentsTest, OpenEditUndoRedoSave) {
+TEST_F(DocumentsTest, openEditUndoRedoSave) {
     const std::string package = writePackage("Trip");
     DocumentSession* session = open(package);
     ASSERT_TRUE(session);
@@ -60,7 +60,7 @@ TEST_F(DocumentsTest, AFolderThatIsOpenComesForward) {
     EXPECT_EQ(session->store().path(), package);
 }
 
-TEST_F(DocumentsTest, WhatCannotBeOpenedIsToldAndNothingElseChanges) {
+TEST_F(DocumentsTest, whatCannotBeOpenedIsToldAndNothingElseChanges) {
     m_folder.write("file", "text");
     m_folder.write("empty/notes.txt", "text");
     m_folder.write("broken/article.json", R"({"version": "1", "components": [{"role": 7}]})");
@@ -148,7 +148,7 @@ TEST_F(DocumentsTest, AFolderDroppedOnAWindowOpens) {
     EXPECT_EQ(m_controller->sessions().back()->store().path(), package);
 }
 
-TEST_F(DocumentsTest, RecentDocumentsAreListedGreyedAndCleared) {
+TEST_F(DocumentsTest, recentDocumentsAreListedGreyedAndCleared) {
     const std::string strange = writePackage("caf\xE9");
     const std::string plain = writePackage("Trip");
     ASSERT_TRUE(open(strange));
@@ -170,7 +170,7 @@ TEST_F(DocumentsTest, RecentDocumentsAreListedGreyedAndCleared) {
     EXPECT_EQ(menu->actions().size(), 2);
 }
 
-TEST_F(DocumentsTest, ClosingAsksOnlyForWhatWouldBeLost) {
+TEST_F(DocumentsTest, closingAsksOnlyForWhatWouldBeLost) {
     const struct {
         const char* button;
         std::size_t open;
@@ -199,7 +199,7 @@ TEST_F(DocumentsTest, ClosingAsksOnlyForWhatWouldBeLost) {
     }
 }
 
-TEST_F(DocumentsTest, QuittingAsksInTurnAndOneCancelKeepsAll) {
+TEST_F(DocumentsTest, quittingAsksInTurnAndOneCancelKeepsAll) {
     QSignalSpy nothingLeft(m_controller.get(), &DocumentController::nothingLeft);
     m_controller->newDocument(); // has nothing to lose
     DocumentSession* first = open(writePackage("One"));

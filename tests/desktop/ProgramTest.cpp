@@ -35,7 +35,7 @@ protected:
     QProcess m_program;
 };
 
-TEST_F(ProgramTest, AnswersOnTheCommandLine) {
+TEST_F(ProgramTest, answersOnTheCommandLine) {
     const struct {
         QStringList arguments;
         int status;
@@ -55,7 +55,7 @@ TEST_F(ProgramTest, AnswersOnTheCommandLine) {
     }
 }
 
-TEST_F(ProgramTest, OpensAPackageAndLeavesWhenItIsTold) {
+TEST_F(ProgramTest, opensAPackageAndLeavesWhenItIsTold) {
     const std::string package = m_folder.path("Trip");
     ASSERT_TRUE(savePackage(makeNewDocument(makeBlankArticle(0)), package));
     const auto before = snapshot(package);

@@ -12,7 +12,7 @@ namespace quillon::test {
 
 namespace {
 
-TEST(QtSchedulerTest, WorkRunsElsewhereAndItsActionHere) {
+TEST(QtSchedulerTest, workRunsElsewhereAndItsActionHere) {
     QtScheduler scheduler;
     for (const Lane lane : {Lane::pages, Lane::disk}) {
         QThread* worked = nullptr;
@@ -47,7 +47,7 @@ TEST(QtSchedulerTest, AHangingDiskHoldsUpNoPage) {
     disk.release();
 }
 
-TEST(QtSchedulerTest, ActionsComeNotBeforeTheirTimeAndNeverWithinTheCall) {
+TEST(QtSchedulerTest, actionsComeNotBeforeTheirTimeAndNeverWithinTheCall) {
     QtScheduler scheduler;
     double came = 0;
     bool cameAtOnce = false;
@@ -59,7 +59,7 @@ TEST(QtSchedulerTest, ActionsComeNotBeforeTheirTimeAndNeverWithinTheCall) {
     EXPECT_GE(came - asked, 0.03);
 }
 
-TEST(QtSchedulerTest, ItsEndWaitsForWorkOnDiskAndDropsActions) {
+TEST(QtSchedulerTest, itsEndWaitsForWorkOnDiskAndDropsActions) {
     std::atomic<int> done = 0;
     bool hasActed = false;
     {

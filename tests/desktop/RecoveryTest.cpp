@@ -137,7 +137,7 @@ TEST_F(OtherRun, DISABLED_editAndBeTerminated) {
     waitForever();
 }
 
-TEST_F(RecoveryTest, AfterACrashEachDocumentComesBack) {
+TEST_F(RecoveryTest, afterACrashEachDocumentComesBack) {
     const std::string package = writePackage("Trip");
     ASSERT_TRUE(startOther("editAndWait"));
     killOther();
@@ -190,7 +190,7 @@ TEST_F(RecoveryTest, ARunningProgramKeepsItsCopiesAndATerminatedOneLeavesThem) {
     EXPECT_EQ(recoveryCopies(), 2U);
 }
 
-TEST_F(RecoveryTest, DiscardedCopiesGoAndPostponedOnesAreOfferedAgain) {
+TEST_F(RecoveryTest, discardedCopiesGoAndPostponedOnesAreOfferedAgain) {
     const std::string package = writePackage("Trip");
     ASSERT_TRUE(startOther("editAndWait"));
     killOther();
@@ -218,7 +218,7 @@ TEST_F(RecoveryTest, DiscardedCopiesGoAndPostponedOnesAreOfferedAgain) {
 }
 
 /// What became of the package since the crash, and what the recovered document makes of it.
-TEST_F(RecoveryTest, ThePackageMayHaveChangedMeanwhile) {
+TEST_F(RecoveryTest, thePackageMayHaveChangedMeanwhile) {
     const struct {
         const char* name;
         std::function<void()> change;

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 using SavingTest = DocumentsTest;
 
-TEST_F(SavingTest, SaveAsTakesAllAssetsAlongAndTheDocumentMoves) {
+TEST_F(SavingTest, saveAsTakesAllAssetsAlongAndTheDocumentMoves) {
     const std::string package = writePackage("Trip");
     auto expected = snapshot(package);
     DocumentSession* session = open(package);
@@ -46,7 +46,7 @@ TEST_F(SavingTest, AFirstSaveProposesTheTitleAndGivingUpChangesNothing) {
 }
 
 /// Whatever is chosen in Save As, no file goes that the user was not asked about.
-TEST_F(SavingTest, PlacesThatAreTaken) {
+TEST_F(SavingTest, placesThatAreTaken) {
     writePackage("Other", "Other");
     m_folder.write("photos/holiday.jpg", "picture");
     m_folder.write("file", "text");
@@ -134,7 +134,7 @@ TEST_F(SavingTest, AFailureKeepsTheChangesAndNamesAWayOut) {
     EXPECT_EQ(snapshot(package), expected);
 }
 
-TEST_F(SavingTest, EditsSavesAndACloseDuringASlowSave) {
+TEST_F(SavingTest, editsSavesAndACloseDuringASlowSave) {
     const std::string package = writePackage("Trip");
     DocumentSession* session = open(package);
     ASSERT_TRUE(session);

@@ -26,7 +26,7 @@ QString file(const ScratchFolder& folder) {
     return QString::fromStdString(folder.path("config/Quillon.ini"));
 }
 
-TEST(SettingsTest, AbsentAndMisshapenValuesAreDefaults) {
+TEST(SettingsTest, absentAndMisshapenValuesAreDefaults) {
     const ScratchFolder folder;
     for (const char* text :
          {"",
@@ -42,7 +42,7 @@ TEST(SettingsTest, AbsentAndMisshapenValuesAreDefaults) {
     }
 }
 
-TEST(SettingsTest, WhatOneInstanceSetsTheOthersSeeAndAfterThemTheFile) {
+TEST(SettingsTest, whatOneInstanceSetsTheOthersSeeAndAfterThemTheFile) {
     const ScratchFolder folder;
     Settings first(file(folder), nullptr);
     Settings second(file(folder), nullptr);
@@ -58,7 +58,7 @@ TEST(SettingsTest, WhatOneInstanceSetsTheOthersSeeAndAfterThemTheFile) {
 
 /// Another process writes: a file that first appears, one replaced by rename (twice, as the watcher loses
 /// sight of the old one), one written in place, and one taken away.
-TEST(SettingsTest, ChangesFromOutsideAreNoticed) {
+TEST(SettingsTest, changesFromOutsideAreNoticed) {
     const ScratchFolder folder;
     Settings settings(file(folder), nullptr);
     const std::string path = folder.path("config/Quillon.ini");
