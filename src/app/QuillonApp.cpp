@@ -1,5 +1,7 @@
 #include "app/QuillonApp.h"
 
+#include "editor/EditorView.h"
+
 #include <QApplication>
 #include <QPixmap>
 #include <QTimer>
@@ -10,6 +12,11 @@
 namespace quillon {
 
 namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto paintTime = 500ms; ///< from a page that is complete to one that is seen
+constexpr auto longestPicture = 60s;
 
 constexpr auto usage =
     "Usage: quillon [--picture FILE] [PACKAGE...]\n"
@@ -49,7 +56,11 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments) {
 }
 
 QuillonApp::QuillonApp()
-    : m_documents(m_scheduler, m_settings, recoveryFolder()), m_signals([this] {
+    : m_documents(
+          m_scheduler, m_settings,
+          [this](DocumentStore& store, QWidget* parent) { return makeEditor(store, parent); },
+          recoveryFolder()),
+      m_signals([this] {
           m_documents.flushRecovery();
           QCoreApplication::exit(0);
       }) {
@@ -59,24 +70,25 @@ QuillonApp::QuillonApp()
 }
 
 int QuillonApp::run(const CommandLine& line) {
-    if (!line.picture.empty()) {
-        takePicture(line.picture);
+    m_picture = line.picture;
+    if (!m_picture.empty()) {
+        QTimer::singleShot(longestPicture, &m_documents, [] { QCoreApplication::exit(1); });
     }
     m_documents.start(line.packages);
     return QApplication::exec();
 }
 
-void QuillonApp::takePicture(const std::string& file) {
-    using namespace std::chrono_literals;
-    constexpr auto paintTime = 500ms; // from a page that is complete to one that is seen
-    constexpr auto longest = 60s;
-    QTimer::singleShot(longest, &m_documents, [] { QCoreApplication::exit(1); });
-    QObject::connect(&m_documents, &DocumentController::pageShown, &m_documents, [file](QWidget* window) {
-        QTimer::singleShot(paintTime, window, [file, window] {
-            const bool isSaved = window->grab().save(QString::fromStdString(file), "PNG");
-            QCoreApplication::exit(isSaved ? 0 : 1);
+QWidget* QuillonApp::makeEditor(DocumentStore& store, QWidget* parent) {
+    auto* editor = new EditorView(store, m_settings, m_scheduler, parent);
+    if (!m_picture.empty()) {
+        QObject::connect(editor, &EditorView::pageShown, editor, [this, editor] {
+            QTimer::singleShot(paintTime, editor, [this, editor] {
+                const bool isSaved = editor->window()->grab().save(QString::fromStdString(m_picture), "PNG");
+                QCoreApplication::exit(isSaved ? 0 : 1);
+            });
         });
-    });
+    }
+    return editor;
 }
 
 } // namespace quillon

@@ -31,8 +31,9 @@ public:
     int run(const CommandLine& line);
 
 private:
-    void takePicture(const std::string& file);
+    QWidget* makeEditor(DocumentStore& store, QWidget* parent);
 
+    std::string m_picture; ///< file for a picture of the window; empty where none is wanted
     QtScheduler m_scheduler;
     Settings m_settings;
     DocumentController m_documents;

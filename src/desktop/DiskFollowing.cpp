@@ -2,9 +2,9 @@
 
 #include "desktop/Background.h"
 #include "desktop/DocumentText.h"
+#include "desktop/DocumentWindow.h"
 #include "desktop/Questions.h"
 #include "desktop/SaveJob.h"
-#include "editor/DocumentWindow.h"
 #include "package/PackageFile.h"
 
 #include <utility>

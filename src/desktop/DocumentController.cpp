@@ -3,11 +3,11 @@
 #include "base/Time.h"
 #include "desktop/Background.h"
 #include "desktop/DocumentText.h"
+#include "desktop/DocumentWindow.h"
 #include "desktop/PackagePath.h"
 #include "desktop/Questions.h"
 #include "desktop/RecoveryOffer.h"
 #include "desktop/SaveDialog.h"
-#include "editor/DocumentWindow.h"
 #include "package/BlankArticle.h"
 #include "package/NewArticle.h"
 
@@ -18,9 +18,9 @@
 
 namespace quillon {
 
-DocumentController::DocumentController(Scheduler& scheduler, Settings& settings,
+DocumentController::DocumentController(Scheduler& scheduler, Settings& settings, MakeEditor makeEditor,
                                        const std::string& recoveryFolder)
-    : m_scheduler(scheduler), m_settings(settings), m_recovery(recoveryFolder),
+    : m_scheduler(scheduler), m_makeEditor(std::move(makeEditor)), m_recovery(recoveryFolder),
       m_recents(settings, scheduler) {}
 
 DocumentController::~DocumentController() = default;
@@ -80,7 +80,7 @@ DocumentSession& DocumentController::add(std::unique_ptr<DocumentStore> store,
     }
     const DocumentServices services{
         .scheduler = m_scheduler,
-        .settings = m_settings,
+        .makeEditor = m_makeEditor,
         .recents = m_recents,
         .isOpenElsewhere =
             [this](const QObject* asking, const std::string& path) {
@@ -91,14 +91,13 @@ DocumentSession& DocumentController::add(std::unique_ptr<DocumentStore> store,
     auto made = std::make_unique<DocumentSession>(services, std::move(store), std::move(copy), newName);
     DocumentSession* session = made.get();
     m_sessions.push_back({std::move(made), hold()});
-    DocumentWindow* window = &session->window();
+    const DocumentWindow* window = &session->window();
     connect(window, &DocumentWindow::newRequested, this, [this] { newDocument(); });
     connect(window, &DocumentWindow::openRequested, this,
             [this, session] { openWithDialog(&session->window()); });
     connect(window, &DocumentWindow::openPathRequested, this,
             [this, session](const std::string& path) { open(path, &session->window()); });
     connect(window, &DocumentWindow::quitRequested, this, &DocumentController::quit);
-    connect(window, &DocumentWindow::pageShown, this, [this, window] { Q_EMIT pageShown(window); });
     connect(session, &DocumentSession::closed, this, [this, session] { remove(session); });
     session->window().show();
     return *session;

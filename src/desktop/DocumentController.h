@@ -22,8 +22,9 @@ class DocumentController : public QObject {
     Q_OBJECT
 
 public:
-    /// `recoveryFolder` is where the recovery copies stand.
-    DocumentController(Scheduler& scheduler, Settings& settings, const std::string& recoveryFolder);
+    /// `makeEditor` makes the middle of each window; `recoveryFolder` is where the recovery copies stand.
+    DocumentController(Scheduler& scheduler, Settings& settings, MakeEditor makeEditor,
+                       const std::string& recoveryFolder);
     ~DocumentController() override;
 
     /// Begins the program's work: offers what a crash left, and opens `packages`. Where there is neither, a
@@ -50,8 +51,6 @@ public:
     RecentDocuments& recents() { return m_recents; }
 
 Q_SIGNALS:
-    /// The page of a document is complete in its window.
-    void pageShown(QWidget* window);
     /// The last window has gone, and nothing is on its way.
     void nothingLeft();
 
@@ -88,7 +87,7 @@ private:
     void stopQuitting();
 
     Scheduler& m_scheduler;
-    Settings& m_settings;
+    MakeEditor m_makeEditor;
     RecoveryStore m_recovery;
     RecentDocuments m_recents;
     std::weak_ptr<void> m_hold;

@@ -2,10 +2,10 @@
 
 #include "desktop/Background.h"
 #include "desktop/DocumentText.h"
+#include "desktop/DocumentWindow.h"
 #include "desktop/PackagePath.h"
 #include "desktop/Questions.h"
 #include "desktop/SaveDialog.h"
-#include "editor/DocumentWindow.h"
 
 #include <utility>
 

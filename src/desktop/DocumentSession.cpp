@@ -1,9 +1,9 @@
 #include "desktop/DocumentSession.h"
 
 #include "desktop/DocumentText.h"
+#include "desktop/DocumentWindow.h"
 #include "desktop/PackagePath.h"
 #include "desktop/Questions.h"
-#include "editor/DocumentWindow.h"
 
 #include <QStandardPaths>
 
@@ -22,7 +22,7 @@ std::string documentsFolder() {
 DocumentSession::DocumentSession(const DocumentServices& services, std::unique_ptr<DocumentStore> store,
                                  std::unique_ptr<RecoveryCopy> copy, const QString& newName)
     : m_services(services), m_store(std::move(store)),
-      m_window(std::make_unique<DocumentWindow>(*m_store, services.settings, services.scheduler, newName)),
+      m_window(std::make_unique<DocumentWindow>(*m_store, services.makeEditor, newName)),
       m_keeper(std::make_unique<RecoveryKeeper>(*m_store, std::move(copy), services.scheduler)) {
     m_saving = std::make_unique<DocumentSaving>(DocumentSaving::Surroundings{
         .store = *m_store,

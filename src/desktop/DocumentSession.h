@@ -3,8 +3,8 @@
 #include "base/Scheduler.h"
 #include "desktop/DiskFollowing.h"
 #include "desktop/DocumentSaving.h"
+#include "desktop/DocumentWindow.h"
 #include "desktop/RecentDocuments.h"
-#include "desktop/Settings.h"
 #include "document/DocumentStore.h"
 #include "document/RecoveryKeeper.h"
 #include "document/RecoveryStore.h"
@@ -18,12 +18,10 @@
 
 namespace quillon {
 
-class DocumentWindow;
-
 /// What all documents of the program share.
 struct DocumentServices {
     Scheduler& scheduler;
-    Settings& settings;
+    const MakeEditor& makeEditor;
     RecentDocuments& recents;
     std::function<bool(const QObject*, const std::string&)> isOpenElsewhere; ///< than in that session
 };

@@ -2,9 +2,9 @@
 #include "desktop/Background.h"
 #include "desktop/DocumentController.h"
 #include "desktop/DocumentText.h"
+#include "desktop/DocumentWindow.h"
 #include "desktop/Questions.h"
 #include "desktop/RecoveryOffer.h"
-#include "editor/DocumentWindow.h"
 
 #include <utility>
 

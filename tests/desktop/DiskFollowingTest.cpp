@@ -47,7 +47,7 @@ TEST_F(DiskFollowingTest, whatNobodyHeardIsFoundWhenTheWindowIsUsedAgain) {
     EXPECT_TRUE(wait([&] { return picture() == "picture, retouched"; }));
 }
 
-TEST_F(DiskFollowingTest, ABrokenArticleIsNotTakenOver) {
+TEST_F(DiskFollowingTest, aBrokenArticleIsNotTakenOver) {
     const std::string package = writePackage("Trip");
     DocumentSession* session = open(package);
     ASSERT_TRUE(session);
@@ -78,7 +78,7 @@ TEST_F(DiskFollowingTest, theUserDecidesAboutAnEditedDocument) {
     EXPECT_EQ(title(*session), "Mine");
 }
 
-TEST_F(DiskFollowingTest, AFolderThatGoesIsNoticedAndCanBeSavedAnew) {
+TEST_F(DiskFollowingTest, aFolderThatGoesIsNoticedAndCanBeSavedAnew) {
     const std::string package = writePackage("Trip");
     const auto before = snapshot(package);
     DocumentSession* session = open(package);

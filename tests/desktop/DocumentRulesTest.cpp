@@ -2,7 +2,7 @@
 #include "desktop/PackagePath.h"
 #include "desktop/RecentDocuments.h"
 #include "desktop/SaveJob.h"
-#include "editor/WindowPlacement.h"
+#include "desktop/WindowPlacement.h"
 #include "package/BlankArticle.h"
 #include "package/NewArticle.h"
 #include "support/ScratchFolder.h"
@@ -109,7 +109,7 @@ TEST(DocumentRulesTest, placesForAnArticleAreJudgedByWhatASaveWouldRemove) {
 }
 
 /// What stands at the path when a save comes to it, and what comes of it.
-TEST(DocumentRulesTest, ASaveReplacesOnlyWhatItMay) {
+TEST(DocumentRulesTest, aSaveReplacesOnlyWhatItMay) {
     enum class Disk { asKnown, changed, gone, file };
     enum class End { saved, conflict, failed };
     const struct {

@@ -1,6 +1,7 @@
 #include "DocumentsFixture.h"
 
 #include "desktop/Questions.h"
+#include "editor/EditorView.h"
 #include "package/BlankArticle.h"
 #include "package/NewArticle.h"
 #include "package/PackageFile.h"
@@ -26,7 +27,12 @@ DocumentsTest::~DocumentsTest() = default;
 void DocumentsTest::restart() {
     m_controller.reset();
     m_settings = std::make_unique<Settings>(QString::fromStdString(path("config/Quillon.ini")), nullptr);
-    m_controller = std::make_unique<DocumentController>(m_scheduler, *m_settings, path("state/recovery"));
+    m_controller = std::make_unique<DocumentController>(
+        m_scheduler, *m_settings,
+        [this](DocumentStore& store, QWidget* parent) {
+            return new EditorView(store, *m_settings, m_scheduler, parent);
+        },
+        path("state/recovery"));
 }
 
 std::string DocumentsTest::writePackage(const std::string& name, const std::string& title) {

@@ -3,9 +3,9 @@
 #include "WaitFor.h"
 
 #include "desktop/DocumentController.h"
+#include "desktop/DocumentWindow.h"
 #include "desktop/QtScheduler.h"
 #include "desktop/Settings.h"
-#include "editor/DocumentWindow.h"
 #include "support/ScratchFolder.h"
 
 #include <QMessageBox>

@@ -44,7 +44,7 @@ TEST_F(DocumentsTest, openEditUndoRedoSave) {
     EXPECT_EQ(m_folder.names(), (std::set<std::string>{"Trip", "config"}));
 }
 
-TEST_F(DocumentsTest, AFolderThatIsOpenComesForward) {
+TEST_F(DocumentsTest, aFolderThatIsOpenComesForward) {
     const std::string package = writePackage("Trip");
     fs::create_directory_symlink(package, path("link"));
     // Several on the way at once become one window, too.
@@ -92,7 +92,7 @@ TEST_F(DocumentsTest, whatCannotBeOpenedIsToldAndNothingElseChanges) {
     EXPECT_TRUE(m_controller->recents().documents().empty());
 }
 
-TEST_F(DocumentsTest, ALongReadShowsAndCanBeCancelled) {
+TEST_F(DocumentsTest, aLongReadShowsAndCanBeCancelled) {
     const std::string package = writePackage("Trip");
     QSignalSpy nothingLeft(m_controller.get(), &DocumentController::nothingLeft);
     m_scheduler.hold();
@@ -111,7 +111,7 @@ TEST_F(DocumentsTest, ALongReadShowsAndCanBeCancelled) {
     EXPECT_EQ(m_controller->sessions().size(), 1U);
 }
 
-TEST_F(DocumentsTest, AReadIsCountedAndStopsWhenItIsCancelled) {
+TEST_F(DocumentsTest, aReadIsCountedAndStopsWhenItIsCancelled) {
     const std::string package = writePackage("Trip");
     m_folder.write("Trip/film.mov", std::string(3'000'000, 'x'));
     const RecoveryStore recovery(path("state/recovery"));
@@ -133,7 +133,7 @@ TEST_F(DocumentsTest, AReadIsCountedAndStopsWhenItIsCancelled) {
     EXPECT_EQ(cancelled.bytesRead, 0U);
 }
 
-TEST_F(DocumentsTest, AFolderDroppedOnAWindowOpens) {
+TEST_F(DocumentsTest, aFolderDroppedOnAWindowOpens) {
     const std::string package = writePackage("Größe 100%");
     DocumentSession& session = m_controller->newDocument();
     QMimeData data;

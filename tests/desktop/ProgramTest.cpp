@@ -43,7 +43,7 @@ TEST_F(ProgramTest, answersOnTheCommandLine) {
         const char* errors;
     } rows[] = {
         {{"--version"}, 0, "quillon ", ""},
-        {{"--help"}, 0, "Usage: quillon [PACKAGE...]", ""},
+        {{"--help"}, 0, "Usage: quillon ", ""},
         {{"--no-such"}, 2, "", "unknown option --no-such"},
     };
     for (const auto& row : rows) {

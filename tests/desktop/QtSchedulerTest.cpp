@@ -30,7 +30,7 @@ TEST(QtSchedulerTest, workRunsElsewhereAndItsActionHere) {
     }
 }
 
-TEST(QtSchedulerTest, AHangingDiskHoldsUpNoPage) {
+TEST(QtSchedulerTest, aHangingDiskHoldsUpNoPage) {
     QtScheduler scheduler;
     std::binary_semaphore disk(0);
     scheduler.inBackground(Lane::disk, [&] {

@@ -83,8 +83,9 @@ protected:
         }
         m_settings =
             std::make_unique<Settings>(QString::fromStdString(m_folder + "/config/Other.ini"), nullptr);
-        m_controller =
-            std::make_unique<DocumentController>(m_scheduler, *m_settings, m_folder + "/state/recovery");
+        m_controller = std::make_unique<DocumentController>(
+            m_scheduler, *m_settings, [](DocumentStore&, QWidget* parent) { return new QWidget(parent); },
+            m_folder + "/state/recovery");
     }
 
     void editBoth() {
@@ -174,7 +175,7 @@ TEST_F(RecoveryTest, afterACrashEachDocumentComesBack) {
     EXPECT_EQ(recoveryCopies(), 0U);
 }
 
-TEST_F(RecoveryTest, ARunningProgramKeepsItsCopiesAndATerminatedOneLeavesThem) {
+TEST_F(RecoveryTest, aRunningProgramKeepsItsCopiesAndATerminatedOneLeavesThem) {
     writePackage("Trip");
     ASSERT_TRUE(startOther("editAndWait"));
     m_controller->start({});

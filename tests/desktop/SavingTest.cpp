@@ -30,7 +30,7 @@ TEST_F(SavingTest, saveAsTakesAllAssetsAlongAndTheDocumentMoves) {
     EXPECT_EQ(m_controller->recents().documents().front().path, session->store().path());
 }
 
-TEST_F(SavingTest, AFirstSaveProposesTheTitleAndGivingUpChangesNothing) {
+TEST_F(SavingTest, aFirstSaveProposesTheTitleAndGivingUpChangesNothing) {
     DocumentSession& session = m_controller->newDocument();
     setTitle(session, "Here/There");
     session.save();
@@ -75,7 +75,7 @@ TEST_F(SavingTest, placesThatAreTaken) {
     EXPECT_EQ(titleOnDisk(path("Open")), "First");
 }
 
-TEST_F(SavingTest, AConflictIsSettledByTheUser) {
+TEST_F(SavingTest, aConflictIsSettledByTheUser) {
     const struct {
         const char* button;
         const char* here;
@@ -106,7 +106,7 @@ TEST_F(SavingTest, AConflictIsSettledByTheUser) {
     }
 }
 
-TEST_F(SavingTest, AFailureKeepsTheChangesAndNamesAWayOut) {
+TEST_F(SavingTest, aFailureKeepsTheChangesAndNamesAWayOut) {
     m_folder.write("shelf/x", "");
     const std::string package = writePackage("shelf/Trip");
     auto expected = snapshot(package);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -20,6 +22,8 @@ bool waitFor(Condition condition, std::chrono::milliseconds longest = std::chron
         QEventLoop loop;
         QTimer::singleShot(5ms, &loop, &QEventLoop::quit);
         loop.exec();
+        // What was closed from the test itself, outside any loop, waits for this.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     return true;
 }

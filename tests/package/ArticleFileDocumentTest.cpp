@@ -55,7 +55,7 @@ TEST(ArticleFileDocument, everyFileButTheArticleIsAnAsset) {
     ASSERT_TRUE(document) << document.error().message("P");
     EXPECT_EQ(document->article.title, "T");
     EXPECT_EQ(keysOf(*document->assets), (std::vector<std::string>{".hidden", "a b/ü+.jpg", "images/A.png",
-                                                                  "images/a.png", "sub/article.json"}));
+                                                                   "images/a.png", "sub/article.json"}));
     EXPECT_EQ(document->assetsFingerprint,
               ".hidden:1,a b/ü+.jpg:3,images/A.png:1,images/a.png:2,sub/article.json:15");
 
@@ -204,7 +204,8 @@ TEST(ArticleFileDocument, aPackageThatIsReplacedWhileItIsReadIsReadAnew) {
 
 TEST(ArticleFileDocument, aFolderThatAnotherSaveTidiesAwayIsNotBuiltIn) {
     const test::ScratchFolder scratch;
-    const ArticleFileDocument document{*sharedArticleDecoder.decode(smallArticle), Assets{{"a", Bytes("1")}}, {}};
+    const ArticleFileDocument document{
+        *sharedArticleDecoder.decode(smallArticle), Assets{{"a", Bytes("1")}}, {}};
     ASSERT_TRUE(savePackage(document, scratch.path("P")));
     const auto before = test::snapshot(scratch.path("P"));
     int taken = -1;

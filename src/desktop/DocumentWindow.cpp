@@ -1,11 +1,8 @@
-#include "editor/DocumentWindow.h"
+#include "desktop/DocumentWindow.h"
 
 #include "desktop/DocumentText.h"
-#include "desktop/ImageDecoding.h"
 #include "desktop/RecentDocuments.h"
-#include "editor/PreviewPane.h"
-#include "editor/WindowPlacement.h"
-#include "preview/ArticleDerivedContentCache.h"
+#include "desktop/WindowPlacement.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -81,7 +78,6 @@ std::string firstFolder(const QMimeData* data) {
 
 struct DocumentWindow::Parts {
     DocumentStore& store;
-    ArticleDerivedContentCache cache{decodeImage};
     QString newName;
     bool mayClose = false;
     bool wasPlaced = false;
@@ -96,8 +92,7 @@ struct DocumentWindow::Parts {
     Subscription subscription;
 };
 
-DocumentWindow::DocumentWindow(DocumentStore& store, Settings& settings, Scheduler& scheduler,
-                               QString newName)
+DocumentWindow::DocumentWindow(DocumentStore& store, const MakeEditor& makeEditor, QString newName)
     : m_parts(new Parts{.store = store, .newName = std::move(newName)}) {
     setObjectName(QStringLiteral("documentWindow"));
     setAcceptDrops(true);
@@ -107,10 +102,7 @@ DocumentWindow::DocumentWindow(DocumentStore& store, Settings& settings, Schedul
     column->setSpacing(0);
     buildNotice();
     column->addWidget(m_parts->notice);
-    auto* preview = new PreviewPane(store, m_parts->cache, settings, scheduler, middle);
-    preview->setAccessibleName(QStringLiteral("Preview"));
-    connect(preview, &PreviewPane::pageShown, this, &DocumentWindow::pageShown);
-    column->addWidget(preview, 1);
+    column->addWidget(makeEditor(store, middle), 1);
     setCentralWidget(middle);
     statusBar()->setObjectName(QStringLiteral("statusBar"));
     statusBar()->setAccessibleName(QStringLiteral("Status"));

@@ -1,4 +1,4 @@
-#include "editor/WindowPlacement.h"
+#include "desktop/WindowPlacement.h"
 
 #include <QMargins>
 #include <QScreen>

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "base/Scheduler.h"
-#include "desktop/Settings.h"
 #include "document/DocumentStore.h"
 
 #include <QMainWindow>
@@ -22,6 +20,9 @@ struct NoticeAction {
     std::function<void()> action;
 };
 
+/// Makes what stands in the middle of a document's window.
+using MakeEditor = std::function<QWidget*(DocumentStore& store, QWidget* parent)>;
+
 /// The window of one document. It shows how the store stands and passes on what the user asks for; it decides
 /// nothing.
 class DocumentWindow : public QMainWindow {
@@ -29,7 +30,7 @@ class DocumentWindow : public QMainWindow {
 
 public:
     /// `newName` is what stands in place of the folder's name before the first save.
-    DocumentWindow(DocumentStore& store, Settings& settings, Scheduler& scheduler, QString newName);
+    DocumentWindow(DocumentStore& store, const MakeEditor& makeEditor, QString newName);
     ~DocumentWindow() override;
 
     void setRecentDocuments(const std::vector<RecentDocument>& documents);
@@ -59,7 +60,6 @@ Q_SIGNALS:
     void revertRequested();
     void quitRequested();
     void activated();
-    void pageShown(); ///< the article's page is complete
 
 protected:
     void closeEvent(QCloseEvent* event) override;
