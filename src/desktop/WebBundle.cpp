@@ -1,8 +1,6 @@
 #include "desktop/WebBundle.h"
 
 #include "base/Uuid.h"
-#include "package/ProductPictures.h"
-#include "preview/BundleAddresses.h"
 
 #include <QBuffer>
 #include <QWebEngineUrlRequestJob>
@@ -35,7 +33,6 @@ void reply(QWebEngineUrlRequestJob* job, const std::string& type, Bytes bytes) {
 }
 
 constexpr std::string_view pageFolder = "bundle:///.page/";
-constexpr std::string_view productFolder = "bundle:///.product/";
 
 } // namespace
 
@@ -60,12 +57,6 @@ void WebBundle::requestStarted(QWebEngineUrlRequestJob* job) {
         reply(job, "text/javascript;charset=utf-8", std::exchange(m_offeredScript, Bytes()));
         return;
     }
-    for (const std::string_view picture : productPictureURLs()) {
-        if (url == productPictureBundleURL(picture)) {
-            reply(job, "image/png", Bytes(std::string(*productPicture(picture))));
-            return;
-        }
-    }
     auto answer = m_assets.answer(url);
     if (!answer) {
         const bool isBad = answer.error() == BundleSchemeHandler::Failure::badURL;
@@ -73,13 +64,6 @@ void WebBundle::requestStarted(QWebEngineUrlRequestJob* job) {
         return;
     }
     reply(job, answer->mimeType, std::move(answer->data));
-}
-
-std::string productPictureBundleURL(std::string_view url) {
-    if (!productPicture(url)) {
-        return {};
-    }
-    return std::string(productFolder) + std::string(url.substr(url.rfind('/') + 1));
 }
 
 } // namespace quillon

@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <functional>
 #include <string>
-#include <string_view>
 
 namespace quillon {
 
@@ -35,8 +34,5 @@ private:
     std::uint64_t m_offeredPage = 0; ///< 0 when there is none
     Bytes m_offeredScript;
 };
-
-/// The address under which the web view finds the product's own picture at `url`; empty for any other.
-std::string productPictureBundleURL(std::string_view url);
 
 } // namespace quillon

@@ -1,7 +1,5 @@
 #include "desktop/WebRequests.h"
 
-#include "desktop/WebBundle.h"
-
 #include <QHostAddress>
 #include <QWebEngineUrlRequestInfo>
 
@@ -44,15 +42,7 @@ bool isRequestAllowed(const QUrl& url) {
 }
 
 void WebRequests::interceptRequest(QWebEngineUrlRequestInfo& request) {
-    const QUrl url = request.requestUrl();
-    if (!isRequestAllowed(url)) {
-        request.block(true);
-        return;
-    }
-    const std::string picture = productPictureBundleURL(url.toEncoded().toStdString());
-    if (!picture.empty()) {
-        request.redirect(QUrl(QString::fromStdString(picture)));
-    }
+    request.block(!isRequestAllowed(request.requestUrl()));
 }
 
 } // namespace quillon

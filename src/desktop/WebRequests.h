@@ -9,8 +9,7 @@ namespace quillon {
 /// nothing that this machine serves to itself.
 bool isRequestAllowed(const QUrl& url);
 
-/// Stops every request of a page that leads into the user's machine, and leads those for the product's own
-/// pictures to the program.
+/// Stops every request of a page that leads into the user's machine.
 class WebRequests : public QWebEngineUrlRequestInterceptor {
     Q_OBJECT
 

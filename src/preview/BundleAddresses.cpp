@@ -1,5 +1,7 @@
 #include "preview/BundleAddresses.h"
 
+#include "package/ProductPictures.h"
+
 #include <algorithm>
 #include <array>
 #include <cstddef>
@@ -38,9 +40,9 @@ std::size_t findIgnoringCase(std::string_view text, std::string_view lower, std:
 
 /// Walks a page's markup as its tokenizer does (HTML standard, 13.2.5), as far as it takes to know what is a
 /// tag's attribute, a style or a script.
-class HostEmptier {
+class AddressRewriter {
 public:
-    explicit HostEmptier(std::string_view html) : m_html(html) {
+    explicit AddressRewriter(std::string_view html) : m_html(html) {
         m_result.reserve(html.size() + html.size() / 64);
     }
 
@@ -138,17 +140,35 @@ private:
 
     void rewrite(std::size_t begin, std::size_t end) {
         static constexpr std::string_view separator = "://";
-        static constexpr std::string_view scheme = "bundle";
         const std::string_view range = m_html.substr(0, end);
         for (std::size_t place = range.find(separator, begin); place != std::string_view::npos;
              place = range.find(separator, place + separator.size())) {
             const std::size_t after = place + separator.size();
-            if (place >= begin + scheme.size() &&
-                equalsIgnoringCase(range.substr(place - scheme.size(), scheme.size()), scheme) &&
-                (after == end || range[after] != '/')) {
+            if (followsScheme(range, begin, place, "bundle") && (after == end || range[after] != '/')) {
                 copyUpTo(after);
                 m_result += '/';
+            } else if (followsScheme(range, begin, place, "https")) {
+                rewriteProductPicture(range, place - std::string_view("https").size());
             }
+        }
+    }
+
+    static bool followsScheme(std::string_view range, std::size_t begin, std::size_t place,
+                              std::string_view scheme) {
+        return place >= begin + scheme.size() &&
+               equalsIgnoringCase(range.substr(place - scheme.size(), scheme.size()), scheme);
+    }
+
+    void rewriteProductPicture(std::string_view range, std::size_t place) {
+        const std::size_t end = std::min(range.find_first_of("\"' \t\n\f\r)>", place), range.size());
+        const std::string_view url = range.substr(place, end - place);
+        if (productPicture(url)) {
+            copyUpTo(place);
+            m_result += bundlePrefix;
+            m_result += '/';
+            m_result += productFolder;
+            m_result += url.substr(url.rfind('/') + 1);
+            m_copied = end;
         }
     }
 
@@ -176,8 +196,8 @@ std::optional<unsigned> hexDigit(char character) {
 
 } // namespace
 
-std::string withEmptyHosts(std::string_view html) {
-    return HostEmptier(html).run();
+std::string withEngineAddresses(std::string_view html) {
+    return AddressRewriter(html).run();
 }
 
 std::string percentDecodedLeniently(std::string_view text) {

@@ -10,8 +10,13 @@ inline constexpr std::string_view bundlePrefix = "bundle://";
 
 /// The page with an empty host in every such address of a tag, a style or a script: "bundle:///images/a.jpg".
 /// The engine takes the first name behind two slashes for a host, lowers its capitals and refuses most
-/// characters in it. Text and the attributes `alt` and `title`, which are shown, stay as they are.
-std::string withEmptyHosts(std::string_view html);
+/// characters in it. In the same places, the product's own pictures get an address in `productFolder`, so
+/// that they come from the program. Text and the attributes `alt` and `title`, which are shown, stay as they
+/// are.
+std::string withEngineAddresses(std::string_view html);
+
+/// The folder that stands for the product's pictures in such an address.
+inline constexpr std::string_view productFolder = ".product/";
 
 /// The asset's key that an address asks for: host and path, percent-decoded, without slashes at both ends. A
 /// "%" that begins no code stands for itself. Empty for what is no such address.

@@ -1,6 +1,7 @@
 #include "preview/BundleSchemeHandler.h"
 
 #include "base/UnicodeText.h"
+#include "package/ProductPictures.h"
 #include "preview/BundleAddresses.h"
 
 #include <algorithm>
@@ -17,6 +18,18 @@ std::string_view pathExtension(std::string_view key) {
     const std::size_t dot = name.rfind('.');
     // A name that only begins with a "." has no extension.
     return dot == std::string_view::npos || dot == 0 ? std::string_view() : name.substr(dot + 1);
+}
+
+Expected<BundleSchemeHandler::Response, BundleSchemeHandler::Failure> productAnswer(std::string_view key) {
+    if (key.starts_with(productFolder)) {
+        const std::string name = "/" + std::string(key.substr(productFolder.size()));
+        for (const std::string_view url : productPictureURLs()) {
+            if (url.ends_with(name)) {
+                return BundleSchemeHandler::Response{"image/png", Bytes(std::string(*productPicture(url)))};
+            }
+        }
+    }
+    return unexpected(BundleSchemeHandler::Failure::fileDoesNotExist);
 }
 
 using TypeRow = std::pair<std::string_view, std::string_view>;
@@ -74,7 +87,7 @@ BundleSchemeHandler::answer(std::string_view url) const {
         asset = assets->find(percentDecodedLeniently(key));
     }
     if (asset == assets->end()) {
-        return unexpected(Failure::fileDoesNotExist);
+        return productAnswer(key);
     }
     return Response{mimeType(pathExtension(asset->first)), asset->second};
 }

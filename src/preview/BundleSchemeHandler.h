@@ -8,7 +8,8 @@
 
 namespace quillon {
 
-/// Answers a web view's requests for `bundle:` addresses from the assets in memory.
+/// Answers a web view's requests for `bundle:` addresses from the assets in memory, and those for the
+/// product's own pictures from the program.
 class BundleSchemeHandler {
 public:
     /// Why an address has no answer; the names are those of the platform's error codes.

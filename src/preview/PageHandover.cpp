@@ -59,7 +59,7 @@ constexpr std::string_view removeItself = "document.currentScript.remove(); ";
 } // namespace
 
 PageHandover pageHandover(std::string_view html) {
-    const std::string page = withEmptyHosts(html);
+    const std::string page = withEngineAddresses(html);
     const std::size_t prologEnd = endOfProlog(page);
     PageHandover pieces;
     pieces.prolog = page.substr(0, prologEnd);

@@ -14,7 +14,7 @@ struct PageHandover {
     std::string script; ///< what writes the rest
 };
 
-/// The pieces of `html`, whose bundle addresses get empty hosts.
+/// The pieces of `html`, with addresses as the engine takes them.
 PageHandover pageHandover(std::string_view html);
 
 /// Where the reader of a page stood, in CSS pixels.

@@ -29,10 +29,15 @@ TEST(BundleAddresses, hostsAreEmptiedWhereTheEngineReadsThemAndNowhereElse) {
         {"<a href=notbundle://a></a href=bundle://z>", "<a href=notbundle:///a></a href=bundle:///z>"},
         {"<img src=\"bundle://open", "<img src=\"bundle:///open"},
         {"<", "<"},
+        {"<img src='https://quillon.example/assets/hero.png' alt='https://quillon.example/assets/hero.png'>",
+         "<img src='bundle:///.product/hero.png' alt='https://quillon.example/assets/hero.png'>"},
+        {"<b style=\"c: url(https://quillon.example/assets/icon.png)\"><img "
+         "src=https://quillon.example/assets/x.png>",
+         "<b style=\"c: url(bundle:///.product/icon.png)\"><img src=https://quillon.example/assets/x.png>"},
         {"<script>bundle://", "<script>bundle:///"},
     };
     for (const auto& [html, expected] : cases) {
-        EXPECT_EQ(withEmptyHosts(html), expected);
+        EXPECT_EQ(withEngineAddresses(html), expected);
     }
 }
 
@@ -68,6 +73,8 @@ TEST(BundleSchemeHandler, findsAnAssetBehindEveryFormOfItsAddress) {
     for (const auto& [url, expected] : others) {
         EXPECT_EQ(answer(url), expected) << url;
     }
+    EXPECT_EQ(answer("bundle:///.product/icon.png").substr(0, 14), "image/png \x89PNG");
+    EXPECT_EQ(answer("bundle:///.product/x.png"), "missing");
     EXPECT_EQ(handler.answer("").error(), BundleSchemeHandler::Failure::badURL);
     EXPECT_EQ(handler.answer("bundle:///x").error(), BundleSchemeHandler::Failure::fileDoesNotExist);
 }
