@@ -115,7 +115,8 @@ void PreviewPane::showEvent(QShowEvent* event) {
 }
 
 void PreviewPane::Parts::follow(const StoreChange& change) {
-    if (change.assets) {
+    // Other assets under the same fingerprint; any others bring a page of their own.
+    if (change.assets && store.document().assetsFingerprint == preview.state().document.assetsFingerprint) {
         coordinator.forgetAssets();
     }
     if (change.article || change.assets) {
