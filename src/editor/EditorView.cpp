@@ -1,6 +1,7 @@
 #include "editor/EditorView.h"
 
 #include "desktop/ImageDecoding.h"
+#include "desktop/PreviewWebWidget.h"
 #include "desktop/theme/Theme.h"
 #include "editor/EditorToolbar.h"
 #include "editor/EditorWindowState.h"
@@ -8,8 +9,8 @@
 #include "editor/PreviewPane.h"
 #include "preview/ArticleDerivedContentCache.h"
 
-#include <QStackedLayout>
 #include <QVBoxLayout>
+#include <QWebEngineView>
 
 namespace quillon {
 
@@ -46,6 +47,8 @@ EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& sche
         }
     });
     refresh();
+    // Else the first control of the toolbar would have the keyboard, and show it, in every new window.
+    m_parts->preview->webWidget().view()->setFocus();
 }
 
 EditorView::~EditorView() = default;

@@ -3,10 +3,10 @@
 #include "desktop/theme/Theme.h"
 #include "editor/PreviewCaption.h"
 
-#include <QGraphicsDropShadowEffect>
 #include <QPainter>
 #include <QPainterPath>
 #include <QResizeEvent>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <cmath>
@@ -128,6 +128,16 @@ void PreviewStage::resizeEvent(QResizeEvent* event) {
     arrange();
 }
 
+/// What a pane shows of `content` beside the scroll bars that it needs.
+QSize PreviewStage::roomFor(const QSize& content, const QSize& pane) const {
+    const int across = verticalScrollBar()->sizeHint().width();
+    const int down = horizontalScrollBar()->sizeHint().height();
+    const bool scrollsDown = content.height() > pane.height();
+    const bool scrollsAcross = content.width() > pane.width() - (scrollsDown ? across : 0);
+    const bool isLower = scrollsAcross && content.height() > pane.height() - down;
+    return pane - QSize(scrollsDown || isLower ? across : 0, scrollsAcross ? down : 0);
+}
+
 void PreviewStage::arrange() {
     Parts& parts = *m_parts;
     const QSize pane = maximumViewportSize();
@@ -144,7 +154,7 @@ void PreviewStage::arrange() {
         const int top = framePadding + caption.height() + captionDistance;
         const QSize content(std::max(size.width(), caption.width()) + 2 * framePadding,
                             top + size.height() + framePadding);
-        const QSize whole = content.expandedTo(pane);
+        const QSize whole = content.expandedTo(roomFor(content, pane));
         const QRect frame((whole.width() - size.width()) / 2, top, size.width(), size.height());
         parts.backdrop.setFixedSize(whole);
         parts.backdrop.setFrame(frame);

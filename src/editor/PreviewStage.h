@@ -28,6 +28,7 @@ protected:
 
 private:
     void arrange();
+    QSize roomFor(const QSize& content, const QSize& pane) const;
 
     struct Parts;
     std::unique_ptr<Parts> m_parts;

@@ -12,6 +12,8 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QMenu>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QWebEngineView>
 
 namespace quillon::test {
@@ -38,7 +40,9 @@ protected:
         QTest::keyClick(find<QAbstractButton>("deviceMenu"), Qt::Key_Down);
         ASSERT_TRUE(waitFor([] { return QApplication::activePopupWidget() != nullptr; }));
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        const auto isAtTitle = [&] { return menu->activeAction() && menu->activeAction()->text() == title; };
+        const auto isAtTitle = [&] {
+            return menu->activeAction() && menu->activeAction()->text() == title;
+        };
         for (qsizetype step = 0; step <= menu->actions().size() && !isAtTitle(); ++step) {
             QTest::keyClick(menu, Qt::Key_Down);
         }
@@ -68,6 +72,9 @@ TEST_F(EditorViewTest, devicesFramesAndOrientation) {
     EXPECT_EQ(pageSize().width(), 393);
     EXPECT_EQ(pageSize().height(), window->findChild<PreviewPane*>()->height() - 56);
     EXPECT_TRUE(waitFor([&] { return widthInPage() == "393"; }));
+    const auto* stage = find<QScrollArea>("previewStage");
+    EXPECT_FALSE(stage->horizontalScrollBar()->isVisible());
+    EXPECT_EQ(stage->widget()->width(), stage->viewport()->width());
     press("orientation");
     EXPECT_EQ(find<QAbstractButton>("orientation")->accessibleName(), "Landscape");
     EXPECT_EQ(pageSize(), QSize(852, 393));
