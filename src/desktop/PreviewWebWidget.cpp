@@ -1,6 +1,7 @@
 #include "desktop/PreviewWebWidget.h"
 
 #include "desktop/WebBundle.h"
+#include "desktop/WebColorScheme.h"
 #include "desktop/WebPage.h"
 #include "desktop/WebRequests.h"
 #include "preview/PageHandover.h"
@@ -90,6 +91,7 @@ struct PreviewWebWidget::Parts {
     WebBundle bundle;
     QWebEngineProfile profile; ///< without a name: nothing is kept on disk
     WebPage page;
+    WebColorScheme colorScheme{page};
     View view;
     bool drawsBackground = true;
     WantedPage wanted;
@@ -239,11 +241,16 @@ ScrollPlace PreviewWebWidget::Parts::scrollPlace() const {
     return {place.x(), place.y()};
 }
 
-/// The engine's own background would cover what stands behind the view: it takes that colour.
+/// The engine's own background would cover what stands behind the view: it takes that colour, and the page is
+/// told whether that is a dark one.
 void PreviewWebWidget::Parts::paintBackground() {
+    const QColor behind = widget.palette().color(QPalette::Window);
     if (!drawsBackground) {
-        page.setBackgroundColor(widget.palette().color(QPalette::Window));
+        page.setBackgroundColor(behind);
     }
+    constexpr double middle = 0.5;
+    colorScheme.set(behind.lightnessF() < middle ? WebColorScheme::Scheme::dark
+                                                 : WebColorScheme::Scheme::light);
 }
 
 void PreviewWebWidget::Parts::processEnded() {

@@ -164,6 +164,28 @@ TEST_F(WebViewTest, theOldPageStaysUntilTheNewOneIsThere) {
     }
 }
 
+TEST_F(WebViewTest, thePageFollowsTheWindowBetweenLightAndDark) {
+    const std::string asked = page("<script>const dark = matchMedia('(prefers-color-scheme: dark)');"
+                                   "window.changes = 0; dark.onchange = () => ++changes; debugger;</script>");
+    ASSERT_TRUE(load(asked));
+    EXPECT_EQ(run("dark.matches"), "false");
+    const auto paint = [&](Qt::GlobalColor color) {
+        QPalette palette = web.palette();
+        palette.setColor(QPalette::Window, color);
+        web.setPalette(palette);
+    };
+    paint(Qt::black);
+    EXPECT_TRUE(comesTrue("dark.matches && changes === 1"));
+    ASSERT_TRUE(load(asked));
+    EXPECT_EQ(run("dark.matches"), "true") << "the next page as well";
+    ::kill(static_cast<pid_t>(web.processId()), SIGKILL);
+    const int before = finishes;
+    ASSERT_TRUE(waitFor([&] { return finishes > before; }, longestLoad));
+    EXPECT_TRUE(comesTrue("dark.matches")) << "and one in a new process";
+    paint(Qt::white);
+    EXPECT_TRUE(comesTrue("!dark.matches"));
+}
+
 TEST_F(WebViewTest, aWebProcessThatDiesIsReplaced) {
     ASSERT_TRUE(load(page("<p>kept</p>")));
     QSignalSpy restarts(&web, &PreviewWebWidget::restarted);
