@@ -5,6 +5,8 @@
 #include <QWebEnginePage>
 #include <QWebEngineProfile>
 #include <QWebEngineScript>
+#include <QWebEngineUrlRequestInfo>
+#include <QWebEngineUrlRequestInterceptor>
 
 #include <chrono>
 
@@ -14,26 +16,26 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto checkDelay = 100ms;
-constexpr int mostAttempts = 50;
+constexpr auto checkDelay = 50ms;
+constexpr int mostAttempts = 100;
 
-/// Says nothing about the answers that the tools did not ask for.
-class ToolsPage : public QWebEnginePage {
+/// Lets the tools' page come up without the tools themselves, which would switch their debugger on: a page's
+/// own "debugger" must not halt it.
+class NoTools : public QWebEngineUrlRequestInterceptor {
 public:
-    using QWebEnginePage::QWebEnginePage;
-
-protected:
-    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int,
-                                  const QString&) override {}
+    void interceptRequest(QWebEngineUrlRequestInfo& request) override {
+        request.block(request.resourceType() != QWebEngineUrlRequestInfo::ResourceTypeMainFrame);
+    }
 };
 
 } // namespace
 
 struct WebColorScheme::Parts {
-    explicit Parts(QWebEnginePage& thePage) : page(thePage) {}
+    explicit Parts(QWebEnginePage& thePage) : page(thePage) { profile.setUrlRequestInterceptor(&noTools); }
 
     QWebEnginePage& page;
-    QWebEngineProfile profile; ///< of the tools, whose own addresses the page's profile refuses
+    NoTools noTools;
+    QWebEngineProfile profile; ///< of the tools
     std::unique_ptr<QWebEnginePage> tools;
     bool areReady = false;
     Scheme scheme = Scheme::light;
@@ -54,7 +56,7 @@ void WebColorScheme::set(Scheme scheme) {
     parts.scheme = scheme;
     parts.attempts = 0;
     if (!parts.tools) {
-        parts.tools = std::make_unique<ToolsPage>(&parts.profile);
+        parts.tools = std::make_unique<QWebEnginePage>(&parts.profile);
         connect(parts.tools.get(), &QWebEnginePage::loadFinished, this, [this](bool isLoaded) {
             m_parts->areReady = isLoaded;
             send();
@@ -69,32 +71,25 @@ void WebColorScheme::send() {
         return;
     }
     const QString value = m_parts->scheme == Scheme::dark ? QStringLiteral("dark") : QStringLiteral("light");
-    // Without a debugger: a page's own "debugger" must not halt it.
     m_parts->tools->runJavaScript(
-        QStringLiteral("for (const message of ["
-                       "    {id: 900001, method: 'Debugger.disable'},"
-                       "    {id: 900002, method: 'Emulation.setEmulatedMedia', params: {features: "
-                       "       [{name: 'prefers-color-scheme', value: '%1'}]}}]) {"
-                       "  InspectorFrontendHost.sendMessageToBackend(JSON.stringify(message));"
-                       "}")
+        QStringLiteral("window.InspectorFrontendAPI = {dispatchMessage() {}, dispatchMessageChunk() {}};"
+                       "InspectorFrontendHost.sendMessageToBackend(JSON.stringify({id: 1,"
+                       "  method: 'Emulation.setEmulatedMedia',"
+                       "  params: {features: [{name: 'prefers-color-scheme', value: '%1'}]}}));")
             .arg(value));
-    // While the tools come up they undo what was sent before.
-    const auto sent = m_parts->scheme;
-    QTimer::singleShot(checkDelay, this, [this, sent, value] { check(sent, value); });
+    // The tools say nothing of when they are attached; what is sent before is lost.
+    QTimer::singleShot(checkDelay, this, [this, sent = m_parts->scheme, value] { check(sent, value); });
 }
 
 void WebColorScheme::check(Scheme sent, const QString& value) {
-    if (sent != m_parts->scheme) {
-        return;
-    }
+    const auto sendAgain = [self = QPointer<WebColorScheme>(this), sent](const QVariant& matches) {
+        if (self && sent == self->m_parts->scheme && !matches.toBool() &&
+            ++self->m_parts->attempts < mostAttempts) {
+            self->send();
+        }
+    };
     m_parts->page.runJavaScript(QStringLiteral("matchMedia('(prefers-color-scheme: %1)').matches").arg(value),
-                                QWebEngineScript::ApplicationWorld,
-                                [self = QPointer<WebColorScheme>(this), sent](const QVariant& matches) {
-                                    if (self && sent == self->m_parts->scheme && !matches.toBool() &&
-                                        ++self->m_parts->attempts < mostAttempts) {
-                                        self->send();
-                                    }
-                                });
+                                QWebEngineScript::ApplicationWorld, sendAgain);
 }
 
 } // namespace quillon
