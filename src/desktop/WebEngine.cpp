@@ -1,11 +1,14 @@
 #include "desktop/WebEngine.h"
 
+#include "desktop/fonts/PageFonts.h"
+
 #include <QByteArray>
 #include <QWebEngineUrlScheme>
 
 namespace quillon {
 
 void prepareWebEngine() {
+    preparePageFonts();
     // Scroll bars that take room would make every page that follows its pane wider than what shows of it.
     constexpr char flags[] = "QTWEBENGINE_CHROMIUM_FLAGS";
     qputenv(flags, qgetenv(flags).append(" --enable-features=OverlayScrollbar"));
