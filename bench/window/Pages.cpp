@@ -45,10 +45,10 @@ public:
     }
 
     double load(const std::string& html) {
-        const PageHandover pieces = pageHandover(html);
+        const PageHandover pieces = pageHandover(html, ++m_number);
         m_handler.script = QByteArray::fromStdString(pieces.script);
-        const std::string url = "bundle:///.page/" + std::to_string(++m_number);
-        const QString shell = QString::fromStdString(handoverShell(pieces.prolog, m_number, {}, url));
+        const std::string url = "bundle:///.page/" + std::to_string(m_number);
+        const QString shell = QString::fromStdString(handoverShell(pieces.prolog, {}, url));
         return timed([&](const auto& finish) {
             QObject::connect(&m_page, &QWebEnginePage::loadFinished, &m_view, finish,
                              Qt::SingleShotConnection);

@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include <chrono>
+#include <cstdio>
 
 namespace quillon {
 
@@ -16,16 +17,16 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto paintTime = 500ms; ///< from a page that is complete to one that is seen
-constexpr auto longestPicture = 60s;
+constexpr auto longestScreenshot = 60s;
 
 constexpr auto usage =
-    "Usage: quillon [--picture FILE] [PACKAGE...]\n"
+    "Usage: quillon [--screenshot FILE] [PACKAGE...]\n"
     "Edits articles in Apple News Format. PACKAGE is the folder of an article.\n"
     "\n"
-    "  -h, --help     print this text\n"
-    "  -v, --version  print the version\n"
-    "  --picture FILE write a picture of the window as PNG once its page is there, and end\n"
-    "  --             what follows are packages, whatever they look like\n";
+    "  -h, --help         print this text\n"
+    "  -v, --version      print the version\n"
+    "  --screenshot FILE  write a picture of the window as PNG once its page is there, and end\n"
+    "  --                 what follows are packages, whatever they look like\n";
 
 } // namespace
 
@@ -44,8 +45,8 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments) {
         } else if (*argument == "-v" || *argument == "--version") {
             line.answer = "quillon " QUILLON_VERSION "\n";
             return line;
-        } else if (*argument == "--picture" && argument + 1 != arguments.end()) {
-            line.picture = *++argument;
+        } else if (*argument == "--screenshot" && argument + 1 != arguments.end()) {
+            line.screenshot = *++argument;
         } else {
             line.answer = "quillon: unknown option " + *argument + "\n" + usage;
             line.isWrong = true;
@@ -70,9 +71,13 @@ QuillonApp::QuillonApp()
 }
 
 int QuillonApp::run(const CommandLine& line) {
-    m_picture = line.picture;
-    if (!m_picture.empty()) {
-        QTimer::singleShot(longestPicture, &m_documents, [] { QCoreApplication::exit(1); });
+    m_screenshot = line.screenshot;
+    if (!m_screenshot.empty()) {
+        QTimer::singleShot(longestScreenshot, &m_documents, [] { QCoreApplication::exit(1); });
+        QObject::connect(&m_documents, &DocumentController::failed, [](const QString& detail) {
+            std::fprintf(stderr, "quillon: %s\n", qUtf8Printable(detail));
+            QCoreApplication::exit(1);
+        });
     }
     m_documents.start(line.packages);
     return QApplication::exec();
@@ -80,10 +85,11 @@ int QuillonApp::run(const CommandLine& line) {
 
 QWidget* QuillonApp::makeEditor(DocumentStore& store, QWidget* parent) {
     auto* editor = new EditorView(store, m_settings, m_scheduler, parent);
-    if (!m_picture.empty()) {
+    if (!m_screenshot.empty()) {
         QObject::connect(editor, &EditorView::pageShown, editor, [this, editor] {
             QTimer::singleShot(paintTime, editor, [this, editor] {
-                const bool isSaved = editor->window()->grab().save(QString::fromStdString(m_picture), "PNG");
+                const bool isSaved =
+                    editor->window()->grab().save(QString::fromStdString(m_screenshot), "PNG");
                 QCoreApplication::exit(isSaved ? 0 : 1);
             });
         });

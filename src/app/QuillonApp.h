@@ -14,7 +14,8 @@ namespace quillon {
 /// What the command line asks for.
 struct CommandLine {
     std::vector<std::string> packages;
-    std::string picture; ///< file for a picture of the first page's window, to be taken in place of a session
+    std::string
+        screenshot; ///< file for a picture of the first page's window, to be taken in place of a session
     std::optional<std::string> answer; ///< to be printed in place of starting the program
     bool isWrong = false;              ///< then `answer` says why
 };
@@ -33,7 +34,7 @@ public:
 private:
     QWidget* makeEditor(DocumentStore& store, QWidget* parent);
 
-    std::string m_picture; ///< file for a picture of the window; empty where none is wanted
+    std::string m_screenshot; ///< file for a picture of the window; empty where none is wanted
     QtScheduler m_scheduler;
     Settings m_settings;
     DocumentController m_documents;

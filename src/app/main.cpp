@@ -1,5 +1,6 @@
 #include "app/QuillonApp.h"
 #include "desktop/WebEngine.h"
+#include "desktop/theme/Theme.h"
 
 #include <QApplication>
 
@@ -33,5 +34,6 @@ int main(int argc, char** argv) {
     if (line.answer) {
         return answer(line);
     }
+    quillon::theme().install();
     return quillon::QuillonApp().run(line);
 }

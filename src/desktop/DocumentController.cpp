@@ -209,6 +209,7 @@ void DocumentController::finishOpening(DocumentOpening* opening, OpeningResult r
 }
 
 void DocumentController::tell(QWidget* asker, const QString& text, const QString& detail) {
+    Q_EMIT failed(detail);
     tellFailure(asker, text, detail, [held = hold()] {});
 }
 

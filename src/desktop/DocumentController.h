@@ -51,6 +51,8 @@ public:
     RecentDocuments& recents() { return m_recents; }
 
 Q_SIGNALS:
+    /// Something could not be opened or recovered; the user is told, too.
+    void failed(const QString& detail);
     /// The last window has gone, and nothing is on its way.
     void nothingLeft();
 

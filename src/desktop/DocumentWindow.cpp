@@ -258,7 +258,8 @@ void DocumentWindow::showEvent(QShowEvent* event) {
 }
 
 void DocumentWindow::dragEnterEvent(QDragEnterEvent* event) {
-    if (!firstFolder(event->mimeData()).empty()) {
+    // A page that is dragged from must not choose what opens.
+    if (!event->source() && !firstFolder(event->mimeData()).empty()) {
         event->acceptProposedAction();
     }
 }

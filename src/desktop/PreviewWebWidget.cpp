@@ -11,6 +11,7 @@
 #include <QMenu>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWebEngineHistory>
 #include <QWebEngineProfile>
 #include <QWebEngineView>
 
@@ -44,12 +45,13 @@ protected:
     }
 
     void contextMenuEvent(QContextMenuEvent* event) override {
-        QMenu menu(this);
-        QAction* copy = menu.addAction(tr("Copy"));
+        auto* menu = new QMenu(this);
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        QAction* copy = menu->addAction(tr("Copy"));
         copy->setEnabled(hasSelection());
         connect(copy, &QAction::triggered, this, [this] { triggerPageAction(QWebEnginePage::Copy); });
-        connect(menu.addAction(tr("Reload Preview")), &QAction::triggered, this, [this] { onReload(); });
-        menu.exec(event->globalPos());
+        connect(menu->addAction(tr("Reload Preview")), &QAction::triggered, this, [this] { onReload(); });
+        menu->popup(event->globalPos());
     }
 };
 
@@ -74,11 +76,12 @@ struct PreviewWebWidget::Parts {
 
     void prepare();
     void handOver(std::uint64_t number, PageHandover pieces);
-    void endSilence(std::uint64_t number);
+    void endSilence();
     void askForFinish();
     void finish();
     void processEnded();
     ScrollPlace scrollPlace() const;
+    void paintBackground();
 
     PreviewWebWidget& widget;
     Scheduler& scheduler;
@@ -88,11 +91,15 @@ struct PreviewWebWidget::Parts {
     QWebEngineProfile profile; ///< without a name: nothing is kept on disk
     WebPage page;
     View view;
+    bool drawsBackground = true;
     WantedPage wanted;
     std::uint64_t lastNumber = 0;
-    std::uint64_t takenUp = 0;  ///< the page whose script the engine has fetched last
-    std::uint64_t finished = 0; ///< the page that came up last
-    bool isWaiting = false;     ///< the process is gone until another page is wanted
+    std::uint64_t takenUp = 0;    ///< the page whose script the engine has fetched last
+    std::uint64_t finished = 0;   ///< the page that came up last
+    std::uint64_t handedOver = 0; ///< the page that the engine was given last
+    double silentSince = 0;       ///< when the first page was handed over that is not taken up yet
+    bool hasAnswered = false;     ///< the process that runs now has taken up a page
+    bool isWaiting = false;       ///< the process is gone until another page is wanted
     int restarts = 0;
     double lastEnd = 0;
     WhileAlive whileAlive;
@@ -106,14 +113,14 @@ PreviewWebWidget::PreviewWebWidget(const WebViewConfiguration& configuration, Sc
     parts.profile.installUrlSchemeHandler(QByteArray::fromStdString(configuration.scheme), &parts.bundle);
     parts.profile.setHttpCacheType(QWebEngineProfile::MemoryHttpCache);
     parts.profile.setPersistentCookiesPolicy(QWebEngineProfile::NoPersistentCookies);
-    if (!configuration.drawsBackground) {
-        parts.page.setBackgroundColor(palette().color(QPalette::Window));
-    }
+    parts.drawsBackground = configuration.drawsBackground;
+    parts.paintBackground();
     parts.bundle.onPageRequested = [&parts](std::uint64_t page) {
         parts.takenUp = page;
+        parts.hasAnswered = true;
     };
-    parts.view.onReload = [&parts] {
-        parts.prepare();
+    parts.view.onReload = [this] {
+        reload();
     };
     parts.view.setPage(&parts.page);
     parts.view.setAcceptDrops(false);
@@ -165,7 +172,7 @@ qint64 PreviewWebWidget::processId() const {
 void PreviewWebWidget::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
     if (event->type() == QEvent::PaletteChange) {
-        m_parts->page.setBackgroundColor(palette().color(QPalette::Window));
+        m_parts->paintBackground();
     }
 }
 
@@ -173,7 +180,7 @@ void PreviewWebWidget::Parts::prepare() {
     wanted.number = ++lastNumber;
     scheduler.inBackground(Lane::pages,
                            [this, number = wanted.number, html = wanted.html, alive = whileAlive.handle()] {
-                               return alive([this, number, pieces = pageHandover(*html)]() mutable {
+                               return alive([this, number, pieces = pageHandover(*html, number)]() mutable {
                                    handOver(number, std::move(pieces));
                                });
                            });
@@ -184,21 +191,25 @@ void PreviewWebWidget::Parts::handOver(std::uint64_t number, PageHandover pieces
         return;
     }
     isWaiting = false;
-    bundle.offerPage(number, Bytes(std::move(pieces.script)));
+    const std::string scriptURL = bundle.offerPage(number, Bytes(std::move(pieces.script)));
     // The engine would show an asset's former bytes under the same address.
     profile.clearHttpCache();
     const QUrl base(QString::fromStdString(wanted.baseURL));
     page.setBase(base);
-    page.setHtml(
-        QString::fromStdString(handoverShell(pieces.prolog, number, scrollPlace(), bundle.scriptURL(number))),
-        base);
+    page.setHtml(QString::fromStdString(handoverShell(pieces.prolog, scrollPlace(), scriptURL)), base);
+    if (takenUp >= handedOver) {
+        silentSince = scheduler.now();
+    }
+    handedOver = number;
     Q_EMIT widget.handedOver();
-    scheduler.after(longestSilence, whileAlive([this, number] { endSilence(number); }));
+    scheduler.after(longestSilence, whileAlive([this] { endSilence(); }));
 }
 
 /// A page that never gives back its process, in an endless script for instance, would keep the next one out.
-void PreviewWebWidget::Parts::endSilence(std::uint64_t number) {
-    if (number == wanted.number && takenUp < number && !isWaiting) {
+/// A process that has taken up nothing yet is only slow to start.
+void PreviewWebWidget::Parts::endSilence() {
+    const bool isOver = takenUp < handedOver && scheduler.now() - silentSince >= longestSilence;
+    if (isOver && hasAnswered && !isWaiting) {
         endProcess(page.renderProcessPid());
     }
 }
@@ -217,6 +228,8 @@ void PreviewWebWidget::Parts::askForFinish() {
 }
 
 void PreviewWebWidget::Parts::finish() {
+    // Each page is a navigation of its own, and going back to one would find nothing.
+    page.history()->clear();
     delegate.didFinish();
     Q_EMIT widget.finished();
 }
@@ -226,10 +239,18 @@ ScrollPlace PreviewWebWidget::Parts::scrollPlace() const {
     return {place.x(), place.y()};
 }
 
+/// The engine's own background would cover what stands behind the view: it takes that colour.
+void PreviewWebWidget::Parts::paintBackground() {
+    if (!drawsBackground) {
+        page.setBackgroundColor(widget.palette().color(QPalette::Window));
+    }
+}
+
 void PreviewWebWidget::Parts::processEnded() {
     const double now = scheduler.now();
     restarts = now - lastEnd > calmTime ? 1 : restarts + 1;
     lastEnd = now;
+    hasAnswered = false;
     isWaiting = restarts > mostRestarts && takenUp == wanted.number;
     if (!isWaiting && wanted.number > 0) {
         prepare();

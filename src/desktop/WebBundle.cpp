@@ -36,20 +36,18 @@ constexpr std::string_view pageFolder = "bundle:///.page/";
 
 } // namespace
 
-WebBundle::WebBundle(const BundleSchemeHandler& assets) : m_assets(assets), m_secret(Uuid::random().text()) {}
+WebBundle::WebBundle(const BundleSchemeHandler& assets) : m_assets(assets) {}
 
-std::string WebBundle::scriptURL(std::uint64_t page) const {
-    return std::string(pageFolder) + m_secret + "/" + std::to_string(page);
-}
-
-void WebBundle::offerPage(std::uint64_t page, Bytes script) {
+std::string WebBundle::offerPage(std::uint64_t page, Bytes script) {
     m_offeredPage = page;
     m_offeredScript = std::move(script);
+    m_offeredURL = std::string(pageFolder) + Uuid::random().text();
+    return m_offeredURL;
 }
 
 void WebBundle::requestStarted(QWebEngineUrlRequestJob* job) {
     const std::string url = job->requestUrl().toEncoded().toStdString();
-    if (m_offeredPage != 0 && url == scriptURL(m_offeredPage)) {
+    if (m_offeredPage != 0 && url == m_offeredURL) {
         const std::uint64_t page = std::exchange(m_offeredPage, 0);
         if (onPageRequested) {
             onPageRequested(page);

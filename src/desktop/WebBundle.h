@@ -18,10 +18,9 @@ class WebBundle : public QWebEngineUrlSchemeHandler {
 public:
     explicit WebBundle(const BundleSchemeHandler& assets);
 
-    /// Makes `script` the answer to `scriptURL(page)`, once, and forgets the one offered before.
-    void offerPage(std::uint64_t page, Bytes script);
-    /// The address of a page's script. No script of a page can guess that of a later one.
-    std::string scriptURL(std::uint64_t page) const;
+    /// Offers the script of a page, to be fetched once, in place of the one before; returns its address,
+    /// which no script of an earlier page can know.
+    std::string offerPage(std::uint64_t page, Bytes script);
 
     /// Told when a page's script goes out.
     std::function<void(std::uint64_t page)> onPageRequested;
@@ -30,7 +29,7 @@ public:
 
 private:
     const BundleSchemeHandler& m_assets;
-    std::string m_secret;
+    std::string m_offeredURL;
     std::uint64_t m_offeredPage = 0; ///< 0 when there is none
     Bytes m_offeredScript;
 };

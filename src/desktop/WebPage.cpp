@@ -86,9 +86,9 @@ void WebPage::refuseRequests() {
             });
 }
 
-bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType, bool isMainFrame) {
-    const bool leadsToBase = isMainFrame && !url.host().isEmpty() && url.host() == m_base.host();
-    if (leadsToBase) {
+bool WebPage::acceptNavigationRequest(const QUrl& url, NavigationType type, bool isMainFrame) {
+    const bool leadsToBase = !url.host().isEmpty() && url.host() == m_base.host();
+    if (isMainFrame && (leadsToBase || type == NavigationTypeBackForward)) {
         return false;
     }
     std::optional<std::string> text;

@@ -1,30 +1,78 @@
 #include "editor/EditorView.h"
 
 #include "desktop/ImageDecoding.h"
+#include "desktop/PreviewWebWidget.h"
+#include "desktop/theme/Theme.h"
+#include "editor/EditorToolbar.h"
+#include "editor/EditorWindowState.h"
+#include "editor/JSONSourceView.h"
 #include "editor/PreviewPane.h"
 #include "preview/ArticleDerivedContentCache.h"
 
 #include <QVBoxLayout>
+#include <QWebEngineView>
 
 namespace quillon {
 
 struct EditorView::Parts {
-    Parts(DocumentStore& store, Settings& settings, Scheduler& scheduler, QWidget* parent)
-        : preview(store, derivedContentCache, settings, scheduler, parent) {}
+    Parts(DocumentStore& theStore, Settings& theSettings, Scheduler& theScheduler)
+        : store(theStore), settings(theSettings), scheduler(theScheduler) {}
 
+    DocumentStore& store;
+    Settings& settings;
+    Scheduler& scheduler;
+    EditorWindowState state;
     ArticleDerivedContentCache derivedContentCache{decodeImage};
-    PreviewPane preview;
+    QWidget* middle = nullptr;
+    std::unique_ptr<PreviewPane> preview; ///< only while the page is shown
+    std::unique_ptr<JSONSourceView> json; ///< only while the JSON is shown
+    Subscription subscription;
 };
 
 EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& scheduler, QWidget* parent)
-    : QWidget(parent), m_parts(std::make_unique<Parts>(store, settings, scheduler, this)) {
+    : QWidget(parent), m_parts(std::make_unique<Parts>(store, settings, scheduler)) {
     setObjectName(QStringLiteral("editorView"));
-    auto* layout = new QVBoxLayout(this);
-    layout->setContentsMargins({});
-    layout->addWidget(&m_parts->preview);
-    connect(&m_parts->preview, &PreviewPane::pageShown, this, &EditorView::pageShown);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins({});
+    column->setSpacing(0);
+    column->addWidget(new EditorToolbar(m_parts->state, this));
+    m_parts->middle = new QWidget(this);
+    auto* middle = new QVBoxLayout(m_parts->middle);
+    middle->setContentsMargins({});
+    column->addWidget(m_parts->middle, 1);
+    connect(&m_parts->state, &EditorWindowState::changed, this, [this] { refresh(); });
+    m_parts->subscription = store.observe([this](const StoreChange& change) {
+        if (change.article) {
+            refresh();
+        }
+    });
+    refresh();
+    // Else the first control of the toolbar would have the keyboard, and show it, in every new window.
+    m_parts->preview->webWidget().view()->setFocus();
 }
 
 EditorView::~EditorView() = default;
+
+/// Switching makes a view anew; what was derived for it stays in the cache.
+void EditorView::refresh() {
+    Parts& parts = *m_parts;
+    if (parts.state.mode() == PreviewMode::json) {
+        parts.preview.reset();
+        if (!parts.json) {
+            parts.json = std::make_unique<JSONSourceView>(parts.middle);
+            parts.middle->layout()->addWidget(parts.json.get());
+        }
+        parts.json->setJSON(parts.derivedContentCache.jsonText(parts.store.article()));
+        return;
+    }
+    parts.json.reset();
+    if (!parts.preview) {
+        parts.preview = std::make_unique<PreviewPane>(parts.store, parts.derivedContentCache, parts.settings,
+                                                      parts.scheduler, parts.middle);
+        parts.middle->layout()->addWidget(parts.preview.get());
+        connect(parts.preview.get(), &PreviewPane::pageShown, this, &EditorView::pageShown);
+    }
+    parts.preview->setChoice(parts.state.choice());
+}
 
 } // namespace quillon

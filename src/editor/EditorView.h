@@ -24,6 +24,8 @@ Q_SIGNALS:
     void pageShown();
 
 private:
+    void refresh();
+
     struct Parts;
     std::unique_ptr<Parts> m_parts;
 };

@@ -4,6 +4,7 @@
 #include "desktop/ApplicationInfo.h"
 #include "desktop/PreviewWebWidget.h"
 #include "editor/PreviewNote.h"
+#include "editor/PreviewStage.h"
 #include "preview/ArticlePreviewView.h"
 #include "preview/ResponsiveArticlePreview.h"
 
@@ -22,8 +23,11 @@ using namespace std::chrono_literals;
 constexpr auto progressDelay = 300ms; ///< what takes less needs no sign
 constexpr int progressWidth = 160;
 
-PreviewState previewState(const DocumentStore& store, const Settings& settings) {
+PreviewState previewState(const DocumentStore& store, const Settings& settings, const PreviewChoice& choice) {
     return {.document = store.document(),
+            .device = choice.device,
+            .orientation = choice.orientation,
+            .appearance = choice.appearance,
             .mapsEmbedToken = settings.mapsEmbedToken().toStdString(),
             .mapsEmbedOrigin = settings.mapsEmbedOrigin().toStdString()};
 }
@@ -33,11 +37,14 @@ PreviewState previewState(const DocumentStore& store, const Settings& settings) 
 struct PreviewPane::Parts {
     Parts(DocumentStore& theStore, ArticleDerivedContentCache& cache, Settings& theSettings,
           Scheduler& scheduler, PreviewPane& pane)
-        : store(theStore), settings(theSettings),
-          preview(previewState(theStore, theSettings), cache, {scheduler, applicationInfo, wallClockSeconds}),
-          web(coordinator.configuration(), scheduler, &pane), progress(&pane), note(&pane) {}
+        : store(theStore), settings(theSettings), preview(previewState(theStore, theSettings, {}), cache,
+                                                          {scheduler, applicationInfo, wallClockSeconds}),
+          web(coordinator.configuration(), scheduler, &pane), stage(web, &pane), progress(&pane),
+          note(&pane) {}
 
     void follow(const StoreChange& change);
+    void followState();
+    void present();
     void updateWeb();
 
     DocumentStore& store;
@@ -45,6 +52,8 @@ struct PreviewPane::Parts {
     ResponsiveArticlePreview preview;
     ArticlePreviewView::Coordinator coordinator;
     PreviewWebWidget web;
+    PreviewStage stage;
+    PreviewChoice choice;
     QProgressBar progress; ///< until there is a page
     PreviewNote note;
     Subscription subscription;
@@ -58,7 +67,8 @@ PreviewPane::PreviewPane(DocumentStore& store, ArticleDerivedContentCache& cache
     setAutoFillBackground(true);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(&parts.web);
+    layout->addWidget(&parts.stage);
+    parts.present();
 
     parts.progress.setObjectName(QStringLiteral("previewProgress"));
     parts.progress.setAccessibleName(tr("The page is being made"));
@@ -74,8 +84,7 @@ PreviewPane::PreviewPane(DocumentStore& store, ArticleDerivedContentCache& cache
         parts.updateWeb();
     };
     parts.subscription = store.observe([&parts](const StoreChange& change) { parts.follow(change); });
-    connect(&settings, &Settings::changed, this,
-            [&parts] { parts.preview.setState(previewState(parts.store, parts.settings)); });
+    connect(&settings, &Settings::changed, this, [&parts] { parts.followState(); });
     connect(&parts.web, &PreviewWebWidget::finished, this, &PreviewPane::pageShown);
     connect(&parts.web, &PreviewWebWidget::restarted, this, [this, &parts](bool isWaiting) {
         if (isWaiting) {
@@ -95,6 +104,11 @@ PreviewPane::PreviewPane(DocumentStore& store, ArticleDerivedContentCache& cache
 
 PreviewPane::~PreviewPane() = default;
 
+void PreviewPane::setChoice(const PreviewChoice& choice) {
+    m_parts->choice = choice;
+    m_parts->followState();
+}
+
 PreviewWebWidget& PreviewPane::webWidget() const {
     return m_parts->web;
 }
@@ -106,24 +120,38 @@ void PreviewPane::resizeEvent(QResizeEvent* event) {
     m_parts->note.arrange();
     if (isVisible()) {
         m_parts->preview.layOut(width(), height());
+        m_parts->present();
     }
 }
 
 void PreviewPane::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     m_parts->preview.layOut(width(), height());
+    m_parts->present();
 }
 
 void PreviewPane::Parts::follow(const StoreChange& change) {
-    if (change.assets) {
+    // Other assets under the same fingerprint; any others bring a page of their own.
+    if (change.assets && store.document().assetsFingerprint == preview.state().document.assetsFingerprint) {
         coordinator.forgetAssets();
     }
     if (change.article || change.assets) {
-        preview.setState(previewState(store, settings));
+        followState();
     }
     if (change.assets || change.selection) {
         updateWeb();
     }
+}
+
+void PreviewPane::Parts::followState() {
+    preview.setState(previewState(store, settings, choice));
+    present();
+}
+
+/// Frame and caption follow at once, ahead of the page.
+void PreviewPane::Parts::present() {
+    stage.setFrame(deviceFrame(choice.device, choice.orientation));
+    stage.setCaption(QString::fromStdString(previewCaption(preview.environment())));
 }
 
 void PreviewPane::Parts::updateWeb() {

@@ -3,6 +3,7 @@
 #include "base/Scheduler.h"
 #include "desktop/Settings.h"
 #include "document/DocumentStore.h"
+#include "render/PreviewEnvironment.h"
 
 #include <QWidget>
 
@@ -13,6 +14,15 @@ namespace quillon {
 class ArticleDerivedContentCache;
 class PreviewWebWidget;
 
+/// What a preview is shown as.
+struct PreviewChoice {
+    PreviewDevice device = PreviewDevice::automatic;
+    PreviewOrientation orientation = PreviewOrientation::portrait;
+    PreviewAppearance appearance = PreviewAppearance::automatic;
+
+    bool operator==(const PreviewChoice&) const = default;
+};
+
 /// The middle of a document window: the article's page, which follows every change of the store.
 class PreviewPane : public QWidget {
     Q_OBJECT
@@ -22,6 +32,8 @@ public:
     PreviewPane(DocumentStore& store, ArticleDerivedContentCache& cache, Settings& settings,
                 Scheduler& scheduler, QWidget* parent = nullptr);
     ~PreviewPane() override;
+
+    void setChoice(const PreviewChoice& choice);
 
     PreviewWebWidget& webWidget() const;
 

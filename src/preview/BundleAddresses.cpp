@@ -22,6 +22,11 @@ bool isLetter(char character) {
     return lower >= 'a' && lower <= 'z';
 }
 
+bool isSchemeCharacter(char character) {
+    return isLetter(character) || (character >= '0' && character <= '9') || character == '+' ||
+           character == '-' || character == '.';
+}
+
 bool equalsIgnoringCase(std::string_view text, std::string_view lower) {
     return text.size() == lower.size() &&
            std::equal(text.begin(), text.end(), lower.begin(),
@@ -63,7 +68,8 @@ private:
     void passMarkup() {
         const std::string_view rest = m_html.substr(m_place);
         if (rest.starts_with("<!--")) {
-            m_place = endAfter("-->", m_place + 4);
+            // "<!-->" is a comment, too, and "--!>" ends one.
+            m_place = std::min(endAfter("-->", m_place + 2), endAfter("--!>", m_place + 2));
         } else if (rest.size() > 1 && isLetter(rest[1])) {
             passElement();
         } else if (rest.size() > 2 && rest[1] == '/' && isLetter(rest[2])) {
@@ -155,8 +161,12 @@ private:
 
     static bool followsScheme(std::string_view range, std::size_t begin, std::size_t place,
                               std::string_view scheme) {
-        return place >= begin + scheme.size() &&
-               equalsIgnoringCase(range.substr(place - scheme.size(), scheme.size()), scheme);
+        if (place < begin + scheme.size()) {
+            return false;
+        }
+        const std::size_t start = place - scheme.size();
+        const bool isWhole = start == begin || !isSchemeCharacter(range[start - 1]);
+        return isWhole && equalsIgnoringCase(range.substr(start, scheme.size()), scheme);
     }
 
     void rewriteProductPicture(std::string_view range, std::size_t place) {

@@ -58,31 +58,31 @@ constexpr std::string_view removeItself = "document.currentScript.remove(); ";
 
 } // namespace
 
-PageHandover pageHandover(std::string_view html) {
-    const std::string page = withEngineAddresses(html);
-    const std::size_t prologEnd = endOfProlog(page);
+PageHandover pageHandover(std::string_view html, std::uint64_t page) {
+    const std::string text = withEngineAddresses(html);
+    const std::size_t prologEnd = endOfProlog(text);
     PageHandover pieces;
-    pieces.prolog = page.substr(0, prologEnd);
-    pieces.script.reserve(page.size() + page.size() / 8);
+    pieces.prolog = text.substr(0, prologEnd);
+    pieces.script.reserve(text.size() + text.size() / 8);
     pieces.script = removeItself;
+    pieces.script +=
+        "Object.defineProperty(window, \"__quillonPage\", {value: " + std::to_string(page) + "}); ";
     pieces.script += "document.write(\"";
-    appendJavaScriptText(pieces.script, std::string_view(page).substr(prologEnd));
+    appendJavaScriptText(pieces.script, std::string_view(text).substr(prologEnd));
     pieces.script += "\");";
     return pieces;
 }
 
-std::string handoverShell(std::string_view prolog, std::uint64_t page, const ScrollPlace& place,
-                          std::string_view scriptURL) {
+std::string handoverShell(std::string_view prolog, const ScrollPlace& place, std::string_view scriptURL) {
     std::string shell(prolog);
-    shell += "<script>";
-    shell += removeItself;
-    shell += "Object.defineProperty(window, \"__quillonPage\", {value: " + std::to_string(page) + "});";
     if (place.left > 0 || place.top > 0) {
-        shell += " document.addEventListener(\"DOMContentLoaded\", () => window.scrollTo(" +
+        shell += "<script>";
+        shell += removeItself;
+        shell += "document.addEventListener(\"DOMContentLoaded\", () => window.scrollTo(" +
                  std::to_string(static_cast<long long>(place.left)) + ", " +
-                 std::to_string(static_cast<long long>(place.top)) + "), {once: true});";
+                 std::to_string(static_cast<long long>(place.top)) + "), {once: true});</script>";
     }
-    shell += "</script><script src=\"";
+    shell += "<script src=\"";
     shell += scriptURL;
     shell += "\"></script>";
     return shell;

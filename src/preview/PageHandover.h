@@ -14,8 +14,9 @@ struct PageHandover {
     std::string script; ///< what writes the rest
 };
 
-/// The pieces of `html`, with addresses as the engine takes them.
-PageHandover pageHandover(std::string_view html);
+/// The pieces of `html`, with addresses as the engine takes them. The script tells the page its number, as
+/// `window.__quillonPage`.
+PageHandover pageHandover(std::string_view html, std::uint64_t page);
 
 /// Where the reader of a page stood, in CSS pixels.
 struct ScrollPlace {
@@ -23,9 +24,8 @@ struct ScrollPlace {
     double top = 0;
 };
 
-/// The shell to load under the page's base URL, whose parser waits for the script at `scriptURL`. It tells
-/// the page its number, as `window.__quillonPage`, and takes it to `place` before it is first shown.
-std::string handoverShell(std::string_view prolog, std::uint64_t page, const ScrollPlace& place,
-                          std::string_view scriptURL);
+/// The shell to load under the page's base URL, whose parser waits for the script at `scriptURL`. It takes
+/// the page to `place` before it is first shown.
+std::string handoverShell(std::string_view prolog, const ScrollPlace& place, std::string_view scriptURL);
 
 } // namespace quillon

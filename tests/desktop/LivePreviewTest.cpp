@@ -160,6 +160,20 @@ TEST_F(LivePreviewTest, aPictureThatAnotherProgramReplacedIsShownAnew) {
     EXPECT_TRUE(comesTrue("document.images[0].naturalWidth === 8"));
 }
 
+TEST_F(LivePreviewTest, otherAssetsLoadThePageOnceTheirRenderIsThere) {
+    addBody("words");
+    ASSERT_TRUE(shows("words"));
+    session->save();
+    ASSERT_TRUE(waitFor([&] { return !session->store().isEdited(); }));
+    const int loads = count("preview.webview.reload.start");
+    m_folder.write("Trip/images/b.jpg", "another picture");
+    Q_EMIT session->window().activated();
+    ASSERT_TRUE(waitFor([&] { return session->store().document().assets->contains("images/b.jpg"); }));
+    ASSERT_TRUE(waitFor([&] { return count("preview.webview.reload.finish") > loads; }));
+    QTest::qWait(300);
+    EXPECT_EQ(count("preview.webview.reload.start"), loads + 1);
+}
+
 TEST_F(LivePreviewTest, aChangeOfTheSettingsFromOutsideReachesThePage) {
     ASSERT_TRUE(comesTrue("document.baseURI === 'https://quillon.example/'"));
     QSettings(QString::fromStdString(path("config/Quillon.ini")), QSettings::IniFormat)

@@ -4,6 +4,7 @@
 #include "package/PackageFile.h"
 #include "support/ScratchFolder.h"
 
+#include <QImage>
 #include <QProcess>
 #include <QTest>
 
@@ -53,6 +54,21 @@ TEST_F(ProgramTest, answersOnTheCommandLine) {
         EXPECT_TRUE(m_program.readAllStandardOutput().startsWith(row.output));
         EXPECT_TRUE(m_program.readAllStandardError().contains(row.errors));
     }
+}
+
+TEST_F(ProgramTest, paintsItsWindowOrSaysWhyNot) {
+    const QString picture = QString::fromStdString(m_folder.path("window.png"));
+    ASSERT_TRUE(savePackage(makeNewDocument(makeBlankArticle(0)), m_folder.path("Trip")));
+    start({"--screenshot", picture, QString::fromStdString(m_folder.path("Trip"))});
+    ASSERT_TRUE(ends());
+    EXPECT_EQ(m_program.exitCode(), 0);
+    EXPECT_FALSE(QImage(picture).isNull());
+
+    m_folder.write("Broken/article.json", "{");
+    start({"--screenshot", picture, QString::fromStdString(m_folder.path("Broken"))});
+    ASSERT_TRUE(ends());
+    EXPECT_EQ(m_program.exitCode(), 1);
+    EXPECT_TRUE(m_program.readAllStandardError().contains("Broken/article.json: line 1, column 2"));
 }
 
 TEST_F(ProgramTest, opensAPackageAndLeavesWhenItIsTold) {

@@ -7,6 +7,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QSignalSpy>
+#include <QTcpServer>
 #include <QTest>
 #include <QWebEngineView>
 
@@ -223,11 +224,72 @@ onbeforeunload = () => 'stay';
     EXPECT_EQ(run("document.querySelector('p').textContent"), "next");
 }
 
+TEST_F(WebViewTest, noServerOfThisMachineIsReached) {
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    int connections = 0;
+    QObject::connect(&server, &QTcpServer::newConnection, [&] { ++connections; });
+    const std::string port = std::to_string(server.serverPort());
+    std::string script = "window.done = 0; const end = () => ++done;";
+    int count = 0;
+    for (const char* host :
+         {"127.0.0.1", "localhost", "localhost.", "a.localhost", "127.1", "2130706433", "[::1]"}) {
+        const std::string address = std::string(host) + ":" + port + "/";
+        script += "fetch('http://" + address + "').then(end, end);";
+        script += "{ const p = new Image(); p.onload = p.onerror = end; p.src = 'http://" + address + "'; }";
+        script +=
+            "try { const s = new WebSocket('ws://" + address + "'); s.onclose = end; } catch { end(); }";
+        script += "{ const f = document.createElement('iframe'); f.src = 'http://" + address +
+                  "'; document.documentElement.append(f); }";
+        count += 3;
+    }
+    script += "window.hasSharedWorkers = typeof SharedWorker;";
+    script +=
+        "try { const c = new RTCPeerConnection({iceServers: [{urls: 'stun:127.0.0.1:" + port +
+        "'}]}); c.createDataChannel('x'); c.createOffer().then(o => c.setLocalDescription(o)); } catch {}";
+    ASSERT_TRUE(load(page("<script>" + script + "</script>", "")));
+    EXPECT_TRUE(comesTrue("done === " + std::to_string(count))) << run("done");
+    EXPECT_EQ(run("hasSharedWorkers"), "undefined");
+    EXPECT_EQ(connections, 0);
+}
+
+TEST_F(WebViewTest, aPageCannotTakeItsSuccessorsPlace) {
+    // Everything that an address of a script could be guessed from.
+    ASSERT_TRUE(load(page(R"html(<p>first</p><script>
+const known = (new Error().stack + performance.getEntriesByType('resource').map(e => e.name).join()).match(/bundle:[^\s:)"]*/g) || [];
+setInterval(() => { for (const url of known) for (let n = 0; n < 5; ++n) {
+  for (const guess of [url, url.replace(/[0-9]+$/, n)]) { const s = document.createElement('script'); s.src = guess; document.head.append(s); }
+} }, 1);
+</script>)html")));
+    for (const char* text : {"second", "third"}) {
+        ASSERT_TRUE(load(page("<p>" + std::string(text) + "</p>")));
+        EXPECT_EQ(run("document.querySelector('p').textContent"), text);
+    }
+    web.view()->page()->triggerAction(QWebEnginePage::Back);
+    run("history.back()");
+    QTest::qWait(100);
+    EXPECT_EQ(run("document.querySelector('p').textContent"), "third");
+}
+
+TEST_F(WebViewTest, itsMenuMayBeOpenWhenItGoes) {
+    auto other = std::make_unique<PreviewWebWidget>(configuration(), scheduler);
+    other->resize(300, 300);
+    other->show();
+    const int before = finishes;
+    other->loadHTML(page("<p>words</p>"), "https://page.example/");
+    ASSERT_TRUE(waitFor([&] { return finishes > before; }));
+    QTest::qWait(200); // clicks on a page that is not painted yet are lost
+    QTest::mouseClick(other->view()->focusProxy(), Qt::RightButton, {}, {20, 20});
+    EXPECT_TRUE(waitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    other.reset();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
 TEST(WebRequests, nothingOfThisMachineIsReached) {
     for (const char* url :
          {"file:///etc/passwd", "chrome://version", "qrc:/x", "ftp://a.example/", "http://localhost/",
-          "https://api.localhost:8080/", "http://127.0.0.1/", "http://127.9.9.9/", "http://0.0.0.0/",
-          "http://[::1]/", "http://[::ffff:127.0.0.1]/", "http://169.254.169.254/latest/",
+          "https://api.localhost:8080/", "http://LOCALHOST./", "http://127.0.0.1/", "http://127.9.9.9/",
+          "http://0.0.0.0/", "http://[::1]/", "http://[::ffff:127.0.0.1]/", "http://169.254.169.254/latest/",
           "http://[fe80::1]/", "ws://127.0.0.1:9222/"}) {
         EXPECT_FALSE(isRequestAllowed(QUrl(url))) << url;
     }

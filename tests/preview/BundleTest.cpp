@@ -26,7 +26,9 @@ TEST(BundleAddresses, hostsAreEmptiedWhereTheEngineReadsThemAndNowhereElse) {
          "<!-- <img src=bundle://a> --><img src=bundle:///b>"},
         {"<p a='>' b=\"'\" c=bundle://x>1 < 2 <b/src=bundle://y>",
          "<p a='>' b=\"'\" c=bundle:///x>1 < 2 <b/src=bundle:///y>"},
-        {"<a href=notbundle://a></a href=bundle://z>", "<a href=notbundle:///a></a href=bundle:///z>"},
+        {"<a href=notbundle://a></a href=bundle://z>", "<a href=notbundle://a></a href=bundle:///z>"},
+        {"<!--><img src=bundle://a><!---><img src=bundle://b><!-- x --!><img src=bundle://c>",
+         "<!--><img src=bundle:///a><!---><img src=bundle:///b><!-- x --!><img src=bundle:///c>"},
         {"<img src=\"bundle://open", "<img src=\"bundle:///open"},
         {"<", "<"},
         {"<img src='https://quillon.example/assets/hero.png' alt='https://quillon.example/assets/hero.png'>",
@@ -100,11 +102,13 @@ TEST(MimeType, knowsWhatArticlesRefer) {
 
 TEST(PageHandover, cutsBehindTheHeadsTagAndQuotesTheRest) {
     const PageHandover pieces =
-        pageHandover("<!doctype html>\n<head lang=\"x\">\n<a href=\"bundle://B\">\\\r<header>\0"sv);
+        pageHandover("<!doctype html>\n<head lang=\"x\">\n<a href=\"bundle://B\">\\\r<header>\0"sv, 7);
     EXPECT_EQ(pieces.prolog, "<!doctype html>\n<head lang=\"x\">");
-    EXPECT_EQ(pieces.script, "document.currentScript.remove(); "
-                             "document.write(\"\\n<a href=\\\"bundle:///B\\\">\\\\\\r<header>\\u0000\");");
-    EXPECT_EQ(pageHandover("<header>no head").prolog, "");
+    EXPECT_EQ(pieces.script,
+              "document.currentScript.remove(); Object.defineProperty(window, \"__quillonPage\", "
+              "{value: 7}); "
+              "document.write(\"\\n<a href=\\\"bundle:///B\\\">\\\\\\r<header>\\u0000\");");
+    EXPECT_EQ(pageHandover("<header>no head", 1).prolog, "");
 }
 
 } // namespace quillon

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "document/DocumentStore.h"
+#include "model/Component.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+/// What changes the shape of an article's tree, and the selection with it. Ids that no longer exist leave the
+/// tree as it is. Each is one step to undo.
+namespace quillon {
+
+/// Adds a sample component of `role` as the last child of `parent`; without one, of `defaultAddParent`;
+/// without that, at the end of the article. Selects it, also where `parent` does not exist.
+void addComponent(DocumentStore& store, const ComponentRole& role, std::optional<Uuid> parent = std::nullopt);
+
+/// The selected component if it is a container; nothing otherwise.
+std::optional<Uuid> defaultAddParent(const DocumentStore& store);
+
+/// Deletes a component with all below it. When exactly that one was selected, the article is afterwards.
+void deleteComponent(DocumentStore& store, const Uuid& id);
+
+/// Moves a component to `index` among the children of `parent`, or of the top level without one, counted
+/// without the component itself. Selects it, also when the move is refused.
+void moveComponent(DocumentStore& store, const Uuid& id, std::optional<Uuid> parent, std::int64_t index);
+
+/// Puts a copy of a component, with new ids, behind it, and selects the copy.
+void duplicateComponent(DocumentStore& store, const Uuid& id);
+
+/// Reads and writes one component of a store, wherever it stands by then.
+class ComponentAccess {
+public:
+    /// The component; where it is gone, an empty one with a new id.
+    Component read() const;
+    /// Replaces the component; nothing happens where it is gone.
+    void write(const EditKind& kind, Component component) const;
+
+private:
+    friend std::optional<ComponentAccess> componentAccess(DocumentStore& store, const Uuid& id);
+    ComponentAccess(DocumentStore& store, const Uuid& id) : m_store(&store), m_id(id) {}
+
+    DocumentStore* m_store;
+    Uuid m_id;
+};
+
+/// Access to the component of `id`, which the store must outlive; nothing where there is none.
+std::optional<ComponentAccess> componentAccess(DocumentStore& store, const Uuid& id);
+
+/// Which columns stand beside the middle of a document window.
+struct Sidebars {
+    bool outline = true;
+    bool inspector = true;
+
+    bool operator==(const Sidebars&) const = default;
+};
+
+/// Hides both where both show; else brings both back.
+Sidebars toggledSidebars(const Sidebars& sidebars);
+
+} // namespace quillon

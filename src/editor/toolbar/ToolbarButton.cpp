@@ -1,0 +1,158 @@
+#include "editor/toolbar/ToolbarButton.h"
+
+#include "desktop/theme/Symbols.h"
+#include "desktop/theme/Theme.h"
+
+#include <QFontMetrics>
+#include <QKeyEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <utility>
+
+namespace quillon {
+
+namespace {
+
+constexpr int paddingWithChevron = 4;
+constexpr int paddingWithoutChevron = 2;
+constexpr int smallestSide = 28;
+
+QFont titleFont(bool isChosen) {
+    return theme().font(TextSize::Body, isChosen ? QFont::DemiBold : QFont::Normal);
+}
+
+} // namespace
+
+ToolbarButton::ToolbarButton(QWidget* parent) : QAbstractButton(parent) {
+    setFocusPolicy(Qt::TabFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    connect(&theme(), &Theme::changed, this, [this] { update(); });
+}
+
+QColor ToolbarButton::contentColor() const {
+    return isEnabled() ? theme().colors().text : theme().colors().textTertiary;
+}
+
+void ToolbarButton::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const ThemeColors& colors = theme().colors();
+    const QRectF area(rect());
+    const double radius = area.height() / 2;
+    painter.setPen(Qt::NoPen);
+    if (isChecked()) {
+        painter.setBrush(colors.pillSelected);
+        painter.drawRoundedRect(area, radius, radius);
+    }
+    if (isEnabled() && (isDown() || underMouse())) {
+        painter.setBrush(isDown() ? colors.pressed : colors.hover);
+        painter.drawRoundedRect(area, radius, radius);
+    }
+    if (hasFocus()) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(colors.accent, extent::focusRing));
+        const double inset = extent::focusRing / 2.0;
+        painter.drawRoundedRect(area.adjusted(inset, inset, -inset, -inset), radius, radius);
+    }
+    paintContent(painter);
+}
+
+void ToolbarButton::enterEvent(QEnterEvent* event) {
+    QAbstractButton::enterEvent(event);
+    update();
+}
+
+void ToolbarButton::leaveEvent(QEvent* event) {
+    QAbstractButton::leaveEvent(event);
+    update();
+}
+
+ToolbarModeButton::ToolbarModeButton(const QString& title, QWidget* parent) : ToolbarButton(parent) {
+    setText(title);
+    setAccessibleName(title);
+    setCheckable(true);
+}
+
+QSize ToolbarModeButton::sizeHint() const {
+    // As wide as when it is chosen, so that a choice moves nothing.
+    return {QFontMetrics(titleFont(true)).horizontalAdvance(text()) + 2 * extent::pillPadding,
+            extent::pillControl};
+}
+
+void ToolbarModeButton::paintContent(QPainter& painter) {
+    painter.setPen(contentColor());
+    painter.setFont(titleFont(isChecked()));
+    painter.drawText(rect(), Qt::AlignCenter, text());
+}
+
+ToolbarSymbolButton::ToolbarSymbolButton(std::string symbol, const QString& name, QSize size, QWidget* parent)
+    : ToolbarButton(parent), m_symbol(std::move(symbol)), m_size(size) {
+    setAccessibleName(name);
+    setToolTip(name);
+}
+
+void ToolbarSymbolButton::paintContent(QPainter& painter) {
+    drawSymbol(painter, rect(), m_symbol, symbolSize::control, contentColor(),
+               isChecked() ? SymbolWeight::Semibold : SymbolWeight::Regular);
+}
+
+ToolbarLooseControlLabel::ToolbarLooseControlLabel(Chevron chevron, QWidget* parent)
+    : ToolbarButton(parent), m_chevron(chevron) {}
+
+void ToolbarLooseControlLabel::setContent(const QString& title, std::string symbol) {
+    setText(title);
+    setAccessibleName(title);
+    m_symbol = std::move(symbol);
+    updateGeometry();
+    update();
+}
+
+void ToolbarLooseControlLabel::setMenu(QMenu* menu) {
+    m_menu = menu;
+    connect(this, &QAbstractButton::pressed, this, [this] { openMenu(); });
+    connect(menu, &QMenu::aboutToHide, this, [this] { setDown(false); });
+}
+
+void ToolbarLooseControlLabel::openMenu() {
+    m_menu->popup(mapToGlobal(QPoint(0, height())));
+}
+
+void ToolbarLooseControlLabel::keyPressEvent(QKeyEvent* event) {
+    const bool opens = event->key() == Qt::Key_Down || event->key() == Qt::Key_Return ||
+                       event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (m_menu && opens) {
+        openMenu();
+        return;
+    }
+    ToolbarButton::keyPressEvent(event);
+}
+
+QSize ToolbarLooseControlLabel::sizeHint() const {
+    const bool hasChevron = m_chevron == Chevron::shown;
+    int width = static_cast<int>(symbolExtent(symbolSize::pill)) + distance::iconToText +
+                QFontMetrics(titleFont(false)).horizontalAdvance(text());
+    width += hasChevron ? distance::iconToText + static_cast<int>(symbolExtent(symbolSize::chevron)) : 0;
+    width += 2 * (hasChevron ? paddingWithChevron : paddingWithoutChevron);
+    return {std::max(width, smallestSide), smallestSide};
+}
+
+void ToolbarLooseControlLabel::paintContent(QPainter& painter) {
+    const bool hasChevron = m_chevron == Chevron::shown;
+    const double padding = hasChevron ? paddingWithChevron : paddingWithoutChevron;
+    const double symbol = symbolExtent(symbolSize::pill);
+    const double chevron = symbolExtent(symbolSize::chevron);
+    const QRectF area(rect());
+    drawSymbol(painter, {padding, 0, symbol, area.height()}, m_symbol, symbolSize::pill, contentColor(),
+               SymbolWeight::Medium);
+    painter.setPen(contentColor());
+    painter.setFont(titleFont(false));
+    const double textStart = padding + symbol + distance::iconToText;
+    painter.drawText(area.adjusted(textStart, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft, text());
+    if (hasChevron) {
+        drawSymbol(painter, {area.width() - padding - chevron, 0, chevron, area.height()}, "chevron.down",
+                   symbolSize::chevron, contentColor(), SymbolWeight::Semibold);
+    }
+}
+
+} // namespace quillon
