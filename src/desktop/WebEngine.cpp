@@ -1,5 +1,7 @@
 #include "desktop/WebEngine.h"
 
+#include "desktop/fonts/PageFonts.h"
+
 #include <QByteArray>
 #include <QWebEngineUrlScheme>
 
@@ -22,6 +24,7 @@ constexpr char engineFlags[] =
 } // namespace
 
 void prepareWebEngine() {
+    preparePageFonts();
     constexpr char variable[] = "QTWEBENGINE_CHROMIUM_FLAGS";
     qputenv(variable, qgetenv(variable).append(engineFlags));
     QWebEngineUrlScheme scheme("bundle");

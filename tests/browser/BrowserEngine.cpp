@@ -1,24 +1,13 @@
 #include "browser/BrowserEngine.h"
 
+#include "desktop/WebEngine.h"
+
 #include <QApplication>
 #include <QLoggingCategory>
-#include <QWebEngineUrlScheme>
 
 #include <unistd.h>
 
 namespace quillon::test {
-
-namespace {
-
-void registerBundleScheme() {
-    QWebEngineUrlScheme scheme("bundle");
-    // Any form with a host lowers the capitals of the first folder's name.
-    scheme.setSyntax(QWebEngineUrlScheme::Syntax::Path);
-    scheme.setFlags(QWebEngineUrlScheme::SecureScheme);
-    QWebEngineUrlScheme::registerScheme(scheme);
-}
-
-} // namespace
 
 BrowserEngine::BrowserEngine(int& argc, char** argv, EngineScheme scheme) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
@@ -34,7 +23,7 @@ BrowserEngine::BrowserEngine(int& argc, char** argv, EngineScheme scheme) {
     }
     // Tells at length that there is no graphics card.
     QLoggingCategory::setFilterRules("qt.webenginecontext=false");
-    registerBundleScheme();
+    prepareWebEngine();
     m_application = std::make_unique<QApplication>(argc, argv);
 }
 
