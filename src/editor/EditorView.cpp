@@ -5,6 +5,7 @@
 #include "desktop/theme/Theme.h"
 #include "editor/EditorToolbar.h"
 #include "editor/EditorWindowState.h"
+#include "editor/FindBar.h"
 #include "editor/JSONSourceView.h"
 #include "editor/PreviewPane.h"
 #include "preview/ArticleDerivedContentCache.h"
@@ -26,6 +27,7 @@ struct EditorView::Parts {
     QWidget* middle = nullptr;
     std::unique_ptr<PreviewPane> preview; ///< only while the page is shown
     std::unique_ptr<JSONSourceView> json; ///< only while the JSON is shown
+    std::unique_ptr<FindBar> find;        ///< of the JSON
     Subscription subscription;
 };
 
@@ -39,6 +41,7 @@ EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& sche
     m_parts->middle = new QWidget(this);
     auto* middle = new QVBoxLayout(m_parts->middle);
     middle->setContentsMargins({});
+    middle->setSpacing(0);
     column->addWidget(m_parts->middle, 1);
     connect(&m_parts->state, &EditorWindowState::changed, this, [this] { refresh(); });
     m_parts->subscription = store.observe([this](const StoreChange& change) {
@@ -60,11 +63,15 @@ void EditorView::refresh() {
         parts.preview.reset();
         if (!parts.json) {
             parts.json = std::make_unique<JSONSourceView>(parts.middle);
+            parts.find = std::make_unique<FindBar>(*parts.json, parts.middle);
+            parts.middle->layout()->addWidget(parts.find.get());
             parts.middle->layout()->addWidget(parts.json.get());
+            parts.json->setFocus();
         }
         parts.json->setJSON(parts.derivedContentCache.jsonText(parts.store.article()));
         return;
     }
+    parts.find.reset();
     parts.json.reset();
     if (!parts.preview) {
         parts.preview = std::make_unique<PreviewPane>(parts.store, parts.derivedContentCache, parts.settings,

@@ -11,6 +11,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -119,6 +121,36 @@ TEST_F(EditorViewTest, theJsonIsThereToReadSelectAndCopy) {
     press("modePreview");
     EXPECT_FALSE(window->findChild<JSONSourceView*>());
     ASSERT_TRUE(waitFor([&] { return widthInPage() != ""; }));
+}
+
+TEST_F(EditorViewTest, findGoesFromMatchToMatch) {
+    press("modeJSON");
+    auto* json = window->findChild<JSONSourceView*>();
+    QTest::keyClick(json, Qt::Key_F, Qt::ControlModifier);
+    auto* field = find<QLineEdit>("findField");
+    ASSERT_TRUE(field->isVisible());
+    const auto count = [&] {
+        return find<QLabel>("findCount")->text().toStdString();
+    };
+    QTest::keyClicks(field, "TITLE");
+    const auto matches = json->toPlainText().count("title", Qt::CaseInsensitive);
+    ASSERT_GT(matches, 2);
+    EXPECT_EQ(count(), "1 of " + std::to_string(matches));
+    EXPECT_EQ(json->textCursor().selectedText().toLower(), "title");
+    const int first = json->textCursor().position();
+    QTest::keyClick(field, Qt::Key_Return);
+    EXPECT_EQ(count(), "2 of " + std::to_string(matches));
+    EXPECT_GT(json->textCursor().position(), first);
+    QTest::keyClick(field, Qt::Key_Return, Qt::ShiftModifier);
+    press("findPrevious");
+    EXPECT_EQ(count(), std::to_string(matches) + " of " + std::to_string(matches));
+    press("findNext");
+    EXPECT_EQ(json->textCursor().position(), first);
+    QTest::keyClicks(field, "x");
+    EXPECT_EQ(count(), "No matches");
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_FALSE(field->isVisible());
+    EXPECT_EQ(window->focusWidget(), json);
 }
 
 } // namespace quillon::test
