@@ -66,6 +66,8 @@ void EditorView::refresh() {
             parts.find = std::make_unique<FindBar>(*parts.json, parts.middle);
             parts.middle->layout()->addWidget(parts.find.get());
             parts.middle->layout()->addWidget(parts.json.get());
+            // Else it would be there, and could take the keyboard, only in the next turn of the event loop.
+            parts.json->show();
             parts.json->setFocus();
         }
         parts.json->setJSON(parts.derivedContentCache.jsonText(parts.store.article()));

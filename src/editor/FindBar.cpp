@@ -74,8 +74,9 @@ void FindBar::open() {
 }
 
 void FindBar::close() {
-    hide();
+    // First, as a bar that hides hands the keyboard on to whatever comes next.
     m_text.setFocus();
+    hide();
 }
 
 void FindBar::search() {
