@@ -3,7 +3,7 @@
 #include "desktop/Background.h"
 #include "desktop/DocumentText.h"
 #include "desktop/PackagePath.h"
-#include "document/PackageStamp.h"
+#include "package/PackageStamp.h"
 #include "package/PackageFile.h"
 
 #include <QDialog>

@@ -1,7 +1,7 @@
 #include "desktop/DocumentRecovery.h"
 
 #include "desktop/SaveJob.h"
-#include "document/PackageStamp.h"
+#include "package/PackageStamp.h"
 #include "package/NewArticle.h"
 #include "package/PackageFile.h"
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Shared.h"
-#include "document/PackageStamp.h"
+#include "package/PackageStamp.h"
 
 #include <optional>
 #include <string>

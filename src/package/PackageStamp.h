@@ -28,4 +28,8 @@ struct PackageStamp {
 Expected<PackageStamp, DiskFailure> packageStamp(const std::string& path,
                                                  FileSystem& fileSystem = systemFileSystem());
 
+/// The same of an open folder, which failures name as `path`.
+Expected<PackageStamp, DiskFailure> packageStamp(FileDescriptor folder, const std::string& path,
+                                                 FileSystem& fileSystem);
+
 } // namespace quillon
