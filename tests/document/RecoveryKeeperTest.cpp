@@ -184,6 +184,18 @@ TEST_F(RecoveryKeeperTest, flushWritesAtOnceAndIsNotOvertakenByAnOlderWrite) {
     EXPECT_FALSE(hasCopy());
 }
 
+TEST_F(RecoveryKeeperTest, flushTellsWhetherTheCopyHoldsTheArticle) {
+    makeKeeper(m_copies.newCopy());
+    EXPECT_TRUE(m_keeper->flush()) << "there is nothing to hold";
+    std::ofstream(m_folder) << "a file in the way";
+    edit("one");
+    EXPECT_FALSE(m_keeper->flush());
+    EXPECT_FALSE(m_keeper->flush()) << "still not";
+    fs::remove(m_folder);
+    EXPECT_TRUE(m_keeper->flush());
+    EXPECT_EQ(afterCrash(), "one of /Story");
+}
+
 TEST_F(RecoveryKeeperTest, closingRemovesTheCopyForGood) {
     for (const bool isWriting : {false, true}) {
         makeKeeper(m_copies.newCopy());
