@@ -1,6 +1,7 @@
 #include "desktop/DiskFollowing.h"
 
 #include "desktop/Background.h"
+#include "desktop/DocumentRecovery.h"
 #include "desktop/DocumentText.h"
 #include "desktop/DocumentWindow.h"
 #include "desktop/Questions.h"
@@ -72,16 +73,37 @@ void DiskFollowing::takeLook(const FileState& before, const Expected<PackageStam
         lookSoon();
     }
     m_around.store.noteDisk(found ? std::optional(*found) : std::nullopt);
-    const bool isChanged = std::holds_alternative<file::ChangedOnDisk>(m_around.store.fileState());
-    if (isChanged && !m_around.store.isEdited()) {
+    const auto* changed = std::get_if<file::ChangedOnDisk>(&m_around.store.fileState());
+    if (found && !changed) {
+        m_kept.reset();
+    }
+    if (changed && changed->lacksAssets && m_assets != m_seen) {
+        readAssets();
+    } else if (changed && !m_kept && !m_around.store.hasOwnChanges()) {
         read(Reason::follow);
         return;
     }
     showNotice();
 }
 
+/// Gives a document that was recovered while its folder was away the pictures that are back now.
+void DiskFollowing::readAssets() {
+    const FileState before = m_around.store.fileState();
+    m_assets = m_seen;
+    runOnDisk(
+        m_around.scheduler, m_alive, [path = *pathOf(before)] { return readWhatThereIs(path); },
+        [this, before](const Expected<ArticleFileDocument, PackageFailure>& found) {
+            if (!(m_around.store.fileState() == before)) {
+                m_assets.reset();
+                lookSoon();
+            } else if (found) {
+                m_around.store.takeAssets(*found, "Take Files from Folder");
+            }
+        });
+}
+
 void DiskFollowing::revert() {
-    if (!m_around.store.isEdited()) {
+    if (!m_around.store.hasOwnChanges()) {
         read(Reason::revert);
         return;
     }
@@ -117,7 +139,7 @@ void DiskFollowing::takeRead(Reason reason, const FileState& before,
                              const Expected<PackageStamp, DiskFailure>& stamp,
                              Expected<ArticleFileDocument, PackageFailure> document) {
     DocumentStore& store = m_around.store;
-    const bool mayTake = reason != Reason::follow || !store.isEdited();
+    const bool mayTake = reason != Reason::follow || !store.hasOwnChanges();
     if (!(store.fileState() == before) || !mayTake) {
         lookSoon();
         return;
@@ -127,7 +149,9 @@ void DiskFollowing::takeRead(Reason reason, const FileState& before,
         m_seen = *stamp;
         store.takeFromDisk(std::move(*document), *stamp,
                            reason == Reason::revert ? "Revert to Saved" : "Reload from Disk");
-    } else if (reason != Reason::follow) {
+    } else if (reason == Reason::follow) {
+        store.refuseDisk();
+    } else {
         const std::string message =
             document ? stamp.error().message : document.error().message(*pathOf(before));
         tellFailure(&m_around.window, QStringLiteral("Could Not Open Article"),
@@ -148,6 +172,7 @@ void DiskFollowing::showNotice() {
                                    {{QStringLiteral("Reload"), m_alive([this] { read(Reason::reload); })},
                                     {QStringLiteral("Keep Mine"), m_alive([this] {
                                          m_kept = m_seen;
+                                         m_around.store.refuseDisk();
                                          m_around.window.hideNotice();
                                      })}});
     } else {

@@ -179,11 +179,22 @@ void DocumentSaving::settleConflict(const SavePlace& place) {
         write({*m_around.store.path(), place.stamp});
         return;
     case SavePlaceKind::package:
+        if (lacksAssetsOf(place.stamp)) {
+            refuseFolder(QStringLiteral("the article came back without the pictures and other files in this "
+                                        "folder, and a save would remove them."));
+            return;
+        }
         askAboutConflict(place.stamp);
         return;
     default:
         refuseFolder(QStringLiteral("what stands there now is no article, and a save would remove it."));
     }
+}
+
+bool DocumentSaving::lacksAssetsOf(const PackageStamp& stamp) const {
+    const auto* changed = std::get_if<file::ChangedOnDisk>(&m_around.store.fileState());
+    const Assets& assets = *m_around.store.document().assets;
+    return changed && changed->lacksAssets && assets.empty() && foreignFiles(stamp, assets) > 0;
 }
 
 void DocumentSaving::askAboutConflict(const PackageStamp& stamp) {

@@ -51,6 +51,7 @@ private:
     void askToReplace(const std::string& path, const PackageStamp& stamp);
     void lookAtConflict();
     void settleConflict(const SavePlace& place);
+    bool lacksAssetsOf(const PackageStamp& stamp) const;
     void askAboutConflict(const PackageStamp& stamp);
     void refuseFolder(const QString& reason);
     void write(SaveOrder order);

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 namespace quillon::test {
 
@@ -57,6 +58,35 @@ TEST_F(DiskFollowingTest, aBrokenArticleIsNotTakenOver) {
     rewrite(package, "Whole again");
     ASSERT_TRUE(wait([&] { return title(*session) == "Whole again"; }));
     EXPECT_TRUE(hasNotice(*session, ""));
+}
+
+/// No edit of its own, but no folder holds it any more.
+TEST_F(DiskFollowingTest, aDocumentWhoseFolderWasBrokenIsNotLetGo) {
+    using Break = std::function<void()>;
+    const Break ways[] = {[&] { m_folder.write("Trip/article.json", "{ half"); },
+                          [&] {
+                              fs::remove(path("Trip/article.json"));
+                          }};
+    for (const Break& breakFolder : ways) {
+        const std::string package = writePackage("Trip");
+        DocumentSession* session = open(package);
+        ASSERT_TRUE(session);
+        breakFolder();
+        ASSERT_TRUE(wait([&] { return session->store().isEdited(); }));
+        EXPECT_TRUE(wait([&] { return recoveryCopies() == 1; }));
+        ASSERT_TRUE(hasNotice(*session, changedNotice));
+        pressNotice(*session, "Keep Mine");
+        rewrite(package, "Theirs");
+        ASSERT_TRUE(hasNotice(*session, changedNotice)) << "what was kept is not replaced without a word";
+        EXPECT_EQ(title(*session), "First");
+        session->window().close();
+        ASSERT_TRUE(answer(session->window(), "closeQuestion", "Cancel"));
+        pressNotice(*session, "Reload");
+        ASSERT_TRUE(wait([&] { return title(*session) == "Theirs" && !session->store().isEdited(); }));
+        EXPECT_TRUE(wait([&] { return recoveryCopies() == 0; }));
+        session->closeForGood();
+        ASSERT_TRUE(hasSessions(0));
+    }
 }
 
 TEST_F(DiskFollowingTest, theUserDecidesAboutAnEditedDocument) {
