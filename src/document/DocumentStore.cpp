@@ -245,6 +245,17 @@ void DocumentStore::takeFromDisk(ArticleFileDocument document, PackageStamp stam
     announce(change);
 }
 
+void DocumentStore::noteTouched(PackageStamp stamp, bool isSame) {
+    auto* here = std::get_if<file::AtPath>(&m_fileState);
+    if (here && isSame) {
+        here->stamp = std::move(stamp);
+    } else if (here) {
+        // The stamp that the document knew is that of the other contents, too: from now on it knows none.
+        m_fileState = file::ChangedOnDisk{.path = here->path, .stamp = PackageStamp{}};
+        announce({.file = true});
+    }
+}
+
 void DocumentStore::refuseDisk() {
     if (auto* changed = std::get_if<file::ChangedOnDisk>(&m_fileState)) {
         changed->isRefused = true;

@@ -40,6 +40,7 @@ public:
             return unexpected(placed.error());
         }
         removeOld(built->report);
+        noteChangeTimes(built->report.stamp);
         for (const auto& [bytes, origin] : built->origins) {
             bytes.noteOrigin(origin);
         }
@@ -205,6 +206,13 @@ private:
         }
         if (!left.empty()) {
             report.leftBehind = m_place.parentPath + "/" + left;
+        }
+    }
+
+    /// Files that both folders shared were changed once more, by the end of the old folder.
+    void noteChangeTimes(PackageStamp& stamp) {
+        if (auto now = stampOf(m_place.name); now && *now == stamp) {
+            stamp.changeTimes = std::move(now->changeTimes);
         }
     }
 

@@ -67,6 +67,7 @@ private:
                 const SystemResult<NodeStatus> status = m_fileSystem.statusAt(m_cursor.folder(), entry.name);
                 if (status) {
                     m_stamp.files.emplace(m_below + entry.name, status->identity);
+                    m_stamp.changeTimes.emplace(m_below + entry.name, status->changed);
                 } else if (status.error() != ENOENT) { // gone since it was listed
                     m_below += entry.name;
                     return unexpected(status.error());
