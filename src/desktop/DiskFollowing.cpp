@@ -6,6 +6,7 @@
 #include "desktop/DocumentWindow.h"
 #include "desktop/Questions.h"
 #include "desktop/SaveJob.h"
+#include "document/TouchedFiles.h"
 #include "package/PackageFile.h"
 
 #include <utility>
@@ -24,6 +25,22 @@ struct ReadFolder {
     Expected<PackageStamp, DiskFailure> stamp;
     Expected<ArticleFileDocument, PackageFailure> document;
 };
+
+/// Lets go of what was read once more, so that undo does not keep it twice.
+void shareEqualAssets(ArticleFileDocument& read, const Assets& present) {
+    Assets assets = *read.assets;
+    for (auto& [key, bytes] : assets) {
+        const auto found = present.find(key);
+        if (found == present.end() || !(found->second == bytes)) {
+            continue;
+        }
+        if (const auto origin = bytes.origin()) {
+            found->second.noteOrigin(*origin);
+        }
+        bytes = found->second;
+    }
+    read.assets = std::move(assets);
+}
 
 } // namespace
 
@@ -54,7 +71,7 @@ void DiskFollowing::look() {
     // What happens from here on is heard, and makes for another look.
     m_watch.watch(*path, m_seen);
     runOnDisk(
-        m_around.scheduler, m_alive, [path = *path] { return packageStamp(path); },
+        m_around.scheduler, Lane::reads, m_alive, [path = *path] { return packageStamp(path); },
         [this, before](const Expected<PackageStamp, DiskFailure>& found) { takeLook(before, found); });
 }
 
@@ -73,6 +90,10 @@ void DiskFollowing::takeLook(const FileState& before, const Expected<PackageStam
         lookSoon();
     }
     m_around.store.noteDisk(found ? std::optional(*found) : std::nullopt);
+    const auto* here = std::get_if<file::AtPath>(&m_around.store.fileState());
+    if (found && here && here->stamp->changeTimes != found->changeTimes) {
+        compareTouched(*found);
+    }
     const auto* changed = std::get_if<file::ChangedOnDisk>(&m_around.store.fileState());
     if (found && !changed) {
         m_kept.reset();
@@ -86,12 +107,32 @@ void DiskFollowing::takeLook(const FileState& before, const Expected<PackageStam
     showNotice();
 }
 
+void DiskFollowing::compareTouched(const PackageStamp& found) {
+    const FileState before = m_around.store.fileState();
+    const auto& here = std::get<file::AtPath>(before);
+    runOnDisk(
+        m_around.scheduler, Lane::reads, m_alive,
+        [path = here.path, known = here.stamp, found, saved = m_around.store.savedDocument()] {
+            return holdsStill(path, *known, found, saved);
+        },
+        [this, before, found](const Expected<bool, PackageFailure>& isSame) {
+            if (!(m_around.store.fileState() == before)) {
+                lookSoon();
+            } else if (isSame) {
+                m_around.store.noteTouched(found, *isSame);
+                if (!*isSame) {
+                    lookSoon();
+                }
+            }
+        });
+}
+
 /// Gives a document that was recovered while its folder was away the pictures that are back now.
 void DiskFollowing::readAssets() {
     const FileState before = m_around.store.fileState();
     m_assets = m_seen;
     runOnDisk(
-        m_around.scheduler, m_alive, [path = *pathOf(before)] { return readWhatThereIs(path); },
+        m_around.scheduler, Lane::reads, m_alive, [path = *pathOf(before)] { return readWhatThereIs(path); },
         [this, before](const Expected<ArticleFileDocument, PackageFailure>& found) {
             if (!(m_around.store.fileState() == before)) {
                 m_assets.reset();
@@ -124,10 +165,14 @@ void DiskFollowing::read(Reason reason) {
         return;
     }
     runOnDisk(
-        m_around.scheduler, m_alive,
-        [path = *path] {
+        m_around.scheduler, Lane::reads, m_alive,
+        [path = *path, present = m_around.store.document().assets] {
             auto stamp = packageStamp(path);
-            return ReadFolder{std::move(stamp), openPackage(path)};
+            auto document = openPackage(path);
+            if (document) {
+                shareEqualAssets(*document, *present);
+            }
+            return ReadFolder{std::move(stamp), std::move(document)};
         },
         [this, reason, before](ReadFolder folder) {
             m_isReading = false;

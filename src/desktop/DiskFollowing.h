@@ -40,6 +40,7 @@ private:
     void read(Reason reason);
     void takeRead(Reason reason, const FileState& before, const Expected<PackageStamp, DiskFailure>& stamp,
                   Expected<ArticleFileDocument, PackageFailure> document);
+    void compareTouched(const PackageStamp& found);
     void readAssets();
     void showNotice();
 

@@ -68,9 +68,10 @@ void DocumentSaving::start() {
         askForPlace();
     } else if (std::holds_alternative<file::ChangedOnDisk>(state)) {
         lookAtConflict();
+    } else if (const auto* here = std::get_if<file::AtPath>(&state)) {
+        write({here->path, *here->stamp, m_around.store.savedDocument()});
     } else {
-        const auto* here = std::get_if<file::AtPath>(&state);
-        write({*pathOf(state), here ? std::optional<PackageStamp>(*here->stamp) : std::nullopt});
+        write({*pathOf(state)});
     }
 }
 
@@ -113,7 +114,7 @@ void DocumentSaving::judge(const std::string& path) {
         SavePlace place;
     };
     runOnDisk(
-        m_around.scheduler, m_alive,
+        m_around.scheduler, Lane::saves, m_alive,
         [path] {
             std::string resolved = resolvedPath(absolutePath(path));
             const SavePlace place = judgeSavePlace(resolved);
@@ -166,7 +167,8 @@ void DocumentSaving::askToReplace(const std::string& path, const PackageStamp& s
 void DocumentSaving::lookAtConflict() {
     m_phase = Phase::asking;
     runOnDisk(
-        m_around.scheduler, m_alive, [path = *m_around.store.path()] { return judgeFolder(path); },
+        m_around.scheduler, Lane::saves, m_alive,
+        [path = *m_around.store.path()] { return judgeFolder(path); },
         [this](const SavePlace& place) { settleConflict(place); });
 }
 
@@ -237,7 +239,7 @@ void DocumentSaving::write(SaveOrder order) {
                                  }
                              }));
     runOnDisk(
-        m_around.scheduler, m_alive,
+        m_around.scheduler, Lane::saves, m_alive,
         [document, order = std::move(order)] { return runSave(document, order); },
         [this, path](SaveOutcome outcome) { finish(path, std::move(outcome)); });
 }

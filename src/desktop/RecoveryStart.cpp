@@ -56,7 +56,7 @@ void DocumentController::recoverNext(const std::shared_ptr<RecoveryQueue>& queue
     queue->pop_back();
     ++m_recovering;
     runOnDisk(
-        m_scheduler, m_alive, [shared] { return readRecovered(*shared); },
+        m_scheduler, Lane::reads, m_alive, [shared] { return readRecovered(*shared); },
         [this, shared, queue, held = hold()](Expected<RecoveredDocument, DiskFailure> recovered) {
             --m_recovering;
             finishRecovery(*shared, std::move(recovered));

@@ -1,6 +1,7 @@
 #include "desktop/SaveJob.h"
 
 #include "desktop/PackagePath.h"
+#include "document/TouchedFiles.h"
 #include "package/PackageFile.h"
 
 #include <cerrno>
@@ -86,6 +87,15 @@ SaveOutcome runSave(const ArticleFileDocument& document, const SaveOrder& order)
     }
     if (found && order.known != *found) {
         return SaveConflict{std::move(*found)};
+    }
+    if (found && order.saved && found->changeTimes != order.known->changeTimes) {
+        auto isSame = holdsStill(order.path, *order.known, *found, *order.saved);
+        if (!isSame) {
+            return std::move(isSame.error());
+        }
+        if (!*isSame) {
+            return SaveConflict{std::move(*found)};
+        }
     }
     const Existing existing = found ? Existing::replace : Existing::refuse;
     auto saved = savePackage(document, order.path, existing, order.known ? &*order.known : nullptr);

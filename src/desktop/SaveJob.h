@@ -37,6 +37,8 @@ struct SaveOrder {
     std::string path;
     /// The stamp of the folder that may be replaced, if it stands there; without one, none may.
     std::optional<PackageStamp> known = std::nullopt;
+    /// What that folder holds, to be compared where its files were touched; nothing where the user was asked.
+    std::optional<ArticleFileDocument> saved = std::nullopt;
 };
 
 /// A folder stands there that may not be replaced; nothing was written.
