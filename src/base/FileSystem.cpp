@@ -61,6 +61,7 @@ NodeStatus nodeStatus(const struct stat& raw) {
     status.identity.inode = raw.st_ino;
     status.identity.size = static_cast<std::uint64_t>(raw.st_size);
     status.identity.modified = raw.st_mtim.tv_sec * nanosecondsPerSecond + raw.st_mtim.tv_nsec;
+    status.changed = raw.st_ctim.tv_sec * nanosecondsPerSecond + raw.st_ctim.tv_nsec;
     status.mode = raw.st_mode & 07777U;
     status.owner = raw.st_uid;
     status.group = raw.st_gid;

@@ -16,7 +16,8 @@ enum class NodeKind { folder, regularFile, other };
 struct NodeStatus {
     NodeKind kind = NodeKind::other;
     FileIdentity identity;
-    unsigned mode = 0; ///< permission bits, up to 07777
+    std::int64_t changed = 0; ///< when the system last noted a change, of a link too; nanoseconds since 1970
+    unsigned mode = 0;        ///< permission bits, up to 07777
     unsigned owner = 0;
     unsigned group = 0;
 };

@@ -6,8 +6,9 @@
 
 namespace quillon {
 
-/// Where work away from the main thread goes. Slow disks do not hold up pages, and pages no saves.
-enum class Lane { pages, disk };
+/// Where work away from the main thread goes. None waits for work of another kind, whatever disk that hangs
+/// on. At the end of the program saves and recovery copies are waited for, and nothing else.
+enum class Lane { pages, reads, saves, recovery };
 
 /// The main thread's clock and its way to other threads, as rules need them that must be testable without a
 /// window and without waiting. Everything is called on the main thread, from which all actions run, too.

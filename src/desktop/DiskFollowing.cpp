@@ -1,10 +1,12 @@
 #include "desktop/DiskFollowing.h"
 
 #include "desktop/Background.h"
+#include "desktop/DocumentRecovery.h"
 #include "desktop/DocumentText.h"
 #include "desktop/DocumentWindow.h"
 #include "desktop/Questions.h"
 #include "desktop/SaveJob.h"
+#include "document/TouchedFiles.h"
 #include "package/PackageFile.h"
 
 #include <utility>
@@ -23,6 +25,22 @@ struct ReadFolder {
     Expected<PackageStamp, DiskFailure> stamp;
     Expected<ArticleFileDocument, PackageFailure> document;
 };
+
+/// Lets go of what was read once more, so that undo does not keep it twice.
+void shareEqualAssets(ArticleFileDocument& read, const Assets& present) {
+    Assets assets = *read.assets;
+    for (auto& [key, bytes] : assets) {
+        const auto found = present.find(key);
+        if (found == present.end() || !(found->second == bytes)) {
+            continue;
+        }
+        if (const auto origin = bytes.origin()) {
+            found->second.noteOrigin(*origin);
+        }
+        bytes = found->second;
+    }
+    read.assets = std::move(assets);
+}
 
 } // namespace
 
@@ -53,7 +71,7 @@ void DiskFollowing::look() {
     // What happens from here on is heard, and makes for another look.
     m_watch.watch(*path, m_seen);
     runOnDisk(
-        m_around.scheduler, m_alive, [path = *path] { return packageStamp(path); },
+        m_around.scheduler, Lane::reads, m_alive, [path = *path] { return packageStamp(path); },
         [this, before](const Expected<PackageStamp, DiskFailure>& found) { takeLook(before, found); });
 }
 
@@ -72,16 +90,61 @@ void DiskFollowing::takeLook(const FileState& before, const Expected<PackageStam
         lookSoon();
     }
     m_around.store.noteDisk(found ? std::optional(*found) : std::nullopt);
-    const bool isChanged = std::holds_alternative<file::ChangedOnDisk>(m_around.store.fileState());
-    if (isChanged && !m_around.store.isEdited()) {
+    const auto* here = std::get_if<file::AtPath>(&m_around.store.fileState());
+    if (found && here && here->stamp->changeTimes != found->changeTimes) {
+        compareTouched(*found);
+    }
+    const auto* changed = std::get_if<file::ChangedOnDisk>(&m_around.store.fileState());
+    if (found && !changed) {
+        m_kept.reset();
+    }
+    if (changed && changed->lacksAssets && m_assets != m_seen) {
+        readAssets();
+    } else if (changed && !m_kept && !m_around.store.hasOwnChanges()) {
         read(Reason::follow);
         return;
     }
     showNotice();
 }
 
+void DiskFollowing::compareTouched(const PackageStamp& found) {
+    const FileState before = m_around.store.fileState();
+    const auto& here = std::get<file::AtPath>(before);
+    runOnDisk(
+        m_around.scheduler, Lane::reads, m_alive,
+        [path = here.path, known = here.stamp, found, saved = m_around.store.savedDocument()] {
+            return holdsStill(path, *known, found, saved);
+        },
+        [this, before, found](const Expected<bool, PackageFailure>& isSame) {
+            if (!(m_around.store.fileState() == before)) {
+                lookSoon();
+            } else if (isSame) {
+                m_around.store.noteTouched(found, *isSame);
+                if (!*isSame) {
+                    lookSoon();
+                }
+            }
+        });
+}
+
+/// Gives a document that was recovered while its folder was away the pictures that are back now.
+void DiskFollowing::readAssets() {
+    const FileState before = m_around.store.fileState();
+    m_assets = m_seen;
+    runOnDisk(
+        m_around.scheduler, Lane::reads, m_alive, [path = *pathOf(before)] { return readWhatThereIs(path); },
+        [this, before](const Expected<ArticleFileDocument, PackageFailure>& found) {
+            if (!(m_around.store.fileState() == before)) {
+                m_assets.reset();
+                lookSoon();
+            } else if (found) {
+                m_around.store.takeAssets(*found, "Take Files from Folder");
+            }
+        });
+}
+
 void DiskFollowing::revert() {
-    if (!m_around.store.isEdited()) {
+    if (!m_around.store.hasOwnChanges()) {
         read(Reason::revert);
         return;
     }
@@ -102,10 +165,14 @@ void DiskFollowing::read(Reason reason) {
         return;
     }
     runOnDisk(
-        m_around.scheduler, m_alive,
-        [path = *path] {
+        m_around.scheduler, Lane::reads, m_alive,
+        [path = *path, present = m_around.store.document().assets] {
             auto stamp = packageStamp(path);
-            return ReadFolder{std::move(stamp), openPackage(path)};
+            auto document = openPackage(path);
+            if (document) {
+                shareEqualAssets(*document, *present);
+            }
+            return ReadFolder{std::move(stamp), std::move(document)};
         },
         [this, reason, before](ReadFolder folder) {
             m_isReading = false;
@@ -117,7 +184,7 @@ void DiskFollowing::takeRead(Reason reason, const FileState& before,
                              const Expected<PackageStamp, DiskFailure>& stamp,
                              Expected<ArticleFileDocument, PackageFailure> document) {
     DocumentStore& store = m_around.store;
-    const bool mayTake = reason != Reason::follow || !store.isEdited();
+    const bool mayTake = reason != Reason::follow || !store.hasOwnChanges();
     if (!(store.fileState() == before) || !mayTake) {
         lookSoon();
         return;
@@ -127,7 +194,9 @@ void DiskFollowing::takeRead(Reason reason, const FileState& before,
         m_seen = *stamp;
         store.takeFromDisk(std::move(*document), *stamp,
                            reason == Reason::revert ? "Revert to Saved" : "Reload from Disk");
-    } else if (reason != Reason::follow) {
+    } else if (reason == Reason::follow) {
+        store.refuseDisk();
+    } else {
         const std::string message =
             document ? stamp.error().message : document.error().message(*pathOf(before));
         tellFailure(&m_around.window, QStringLiteral("Could Not Open Article"),
@@ -148,6 +217,7 @@ void DiskFollowing::showNotice() {
                                    {{QStringLiteral("Reload"), m_alive([this] { read(Reason::reload); })},
                                     {QStringLiteral("Keep Mine"), m_alive([this] {
                                          m_kept = m_seen;
+                                         m_around.store.refuseDisk();
                                          m_around.window.hideNotice();
                                      })}});
     } else {

@@ -40,14 +40,17 @@ private:
     void read(Reason reason);
     void takeRead(Reason reason, const FileState& before, const Expected<PackageStamp, DiskFailure>& stamp,
                   Expected<ArticleFileDocument, PackageFailure> document);
+    void compareTouched(const PackageStamp& found);
+    void readAssets();
     void showNotice();
 
     Surroundings m_around;
     DiskWatch m_watch;
     bool m_isDue = false;
     bool m_isReading = false;
-    PackageStamp m_seen;                ///< at the last look
-    std::optional<PackageStamp> m_kept; ///< the state of the folder that the user did not want
+    PackageStamp m_seen;                  ///< at the last look
+    std::optional<PackageStamp> m_kept;   ///< the state of the folder that the user did not want
+    std::optional<PackageStamp> m_assets; ///< the state of the folder whose assets were taken last
     WhileAlive m_alive;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "document/PackageStamp.h"
+#include "package/PackageStamp.h"
 
 #include <QFileSystemWatcher>
 #include <QObject>

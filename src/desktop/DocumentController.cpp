@@ -46,7 +46,7 @@ std::shared_ptr<void> DocumentController::hold() {
 
 void DocumentController::start(const std::vector<std::string>& packages) {
     runOnDisk(
-        m_scheduler, m_alive, [recovery = m_recovery] { return recovery.leftCopies(); },
+        m_scheduler, Lane::recovery, m_alive, [recovery = m_recovery] { return recovery.leftCopies(); },
         [this, packages, held = hold()](std::vector<LeftRecoveryCopy> left) {
             if (packages.empty() && left.empty()) {
                 newDocument();
@@ -110,7 +110,7 @@ void DocumentController::remove(DocumentSession* session) {
         // A gigabyte of assets takes a tenth of a second to be let go of.
         auto last = std::make_shared<ArticleFileDocument>(session->store().document());
         connect(session, &QObject::destroyed, this, [this, last = std::move(last)]() mutable {
-            m_scheduler.inBackground(Lane::disk, [held = std::move(last)]() mutable {
+            m_scheduler.inBackground(Lane::pages, [held = std::move(last)]() mutable {
                 held.reset();
                 return std::function<void()>([] {});
             });

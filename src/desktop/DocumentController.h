@@ -80,7 +80,9 @@ private:
     void tell(QWidget* asker, const QString& text, const QString& detail);
 
     void offer(std::vector<LeftRecoveryCopy> left);
-    void recover(LeftRecoveryCopy left);
+    using RecoveryQueue = std::vector<LeftRecoveryCopy>; ///< the oldest last
+    void recover(std::vector<LeftRecoveryCopy> copies);
+    void recoverNext(const std::shared_ptr<RecoveryQueue>& queue);
     void finishRecovery(LeftRecoveryCopy& left, Expected<RecoveredDocument, DiskFailure> recovered);
     void offerLeft(DocumentSession& session, LeftRecoveryCopy left);
     void recoverInto(DocumentSession& session, LeftRecoveryCopy& left);

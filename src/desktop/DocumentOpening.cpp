@@ -3,8 +3,8 @@
 #include "desktop/Background.h"
 #include "desktop/DocumentText.h"
 #include "desktop/PackagePath.h"
-#include "document/PackageStamp.h"
 #include "package/PackageFile.h"
+#include "package/PackageStamp.h"
 
 #include <QDialog>
 #include <QDialogButtonBox>
@@ -104,7 +104,7 @@ void DocumentOpening::start(std::function<bool()> mayRead, std::function<void(Op
         const std::string folder = packageFolder(path);
         return std::pair(folder, resolvedPath(folder));
     };
-    runOnDisk(m_scheduler, m_alive, resolve,
+    runOnDisk(m_scheduler, Lane::reads, m_alive, resolve,
               [this, mayRead = std::move(mayRead), done = std::move(done)](const auto& paths) {
                   m_path = paths.first;
                   m_resolved = paths.second;
@@ -116,7 +116,7 @@ void DocumentOpening::start(std::function<bool()> mayRead, std::function<void(Op
 
 void DocumentOpening::read(std::function<void(OpeningResult)> done) {
     runOnDisk(
-        m_scheduler, m_alive,
+        m_scheduler, Lane::reads, m_alive,
         [path = *m_resolved, named = m_path, recovery = m_recovery, progress = m_progress] {
             return readForOpening(path, named, recovery, *progress);
         },

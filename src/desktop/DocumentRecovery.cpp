@@ -1,9 +1,9 @@
 #include "desktop/DocumentRecovery.h"
 
 #include "desktop/SaveJob.h"
-#include "document/PackageStamp.h"
 #include "package/NewArticle.h"
 #include "package/PackageFile.h"
+#include "package/PackageStamp.h"
 
 #include <QStandardPaths>
 #include <QtGlobal>
@@ -13,26 +13,6 @@
 namespace quillon {
 
 namespace {
-
-/// The document in the folder; where only its article is broken, its assets with an empty article.
-Expected<ArticleFileDocument, PackageFailure> readWhatThereIs(const std::string& path) {
-    auto whole = openPackage(path);
-    if (whole || !std::holds_alternative<ReadFailure>(whole.error().cause)) {
-        return whole;
-    }
-    const auto root = readFolder(path);
-    if (!root) {
-        return unexpected(PackageFailure{root.error()});
-    }
-    auto assets = collectAssets(*root, "");
-    if (!assets) {
-        return unexpected(PackageFailure{std::move(assets.error())});
-    }
-    ArticleFileDocument document;
-    document.assetsFingerprint = assetsFingerprintText(*assets);
-    document.assets = std::move(*assets);
-    return document;
-}
 
 FileState stateOf(const std::string& path, const RecoveryInfo& info, const PackageStamp& stamp) {
     if (stamp.mark() == info.packageMark) {
@@ -52,7 +32,7 @@ RecoveredDocument recoveredAt(const std::string& path, const RecoveryInfo& info,
     }
     FileState state = file::NeverSaved{};
     if (!stamp && isMissing(stamp.error())) {
-        state = file::Gone{path, PackageStamp{}};
+        state = file::Gone{path, PackageStamp{}, true};
     }
     return {makeNewDocument(std::move(article)),
             std::move(state),
@@ -61,6 +41,25 @@ RecoveredDocument recoveredAt(const std::string& path, const RecoveryInfo& info,
 }
 
 } // namespace
+
+Expected<ArticleFileDocument, PackageFailure> readWhatThereIs(const std::string& path) {
+    auto whole = openPackage(path);
+    if (whole || !std::holds_alternative<ReadFailure>(whole.error().cause)) {
+        return whole;
+    }
+    const auto root = readFolder(path);
+    if (!root) {
+        return unexpected(PackageFailure{root.error()});
+    }
+    auto assets = collectAssets(*root, "");
+    if (!assets) {
+        return unexpected(PackageFailure{std::move(assets.error())});
+    }
+    ArticleFileDocument document;
+    document.assetsFingerprint = assetsFingerprintText(*assets);
+    document.assets = std::move(*assets);
+    return document;
+}
 
 Expected<RecoveredDocument, DiskFailure> readRecovered(const LeftRecoveryCopy& left) {
     auto article = left.article();

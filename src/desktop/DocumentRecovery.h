@@ -22,6 +22,9 @@ struct RecoveredDocument {
 /// document has no folder any more, so that no save can remove them.
 Expected<RecoveredDocument, DiskFailure> readRecovered(const LeftRecoveryCopy& left);
 
+/// The document in the folder at `path`; where only its article is broken, its assets with an empty article.
+Expected<ArticleFileDocument, PackageFailure> readWhatThereIs(const std::string& path);
+
 /// Where the recovery copies of this user stand.
 std::string recoveryFolder();
 

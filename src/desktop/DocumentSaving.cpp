@@ -7,6 +7,7 @@
 #include "desktop/Questions.h"
 #include "desktop/SaveDialog.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace quillon {
@@ -31,6 +32,18 @@ constexpr Refusal refusals[] = {
     {SavePlaceKind::noParent, "The folder that is to hold the article does not exist. Choose another one."},
 };
 
+QString countOfFiles(std::size_t files) {
+    return files == 1 ? QStringLiteral("1 file") : QStringLiteral("%1 files").arg(files);
+}
+
+/// How many of the files in a folder are none of the document's.
+std::size_t foreignFiles(const PackageStamp& stamp, const Assets& assets) {
+    return static_cast<std::size_t>(
+        std::count_if(stamp.files.begin(), stamp.files.end(), [&](const auto& file) {
+            return file.first != articleFileName && !assets.contains(file.first);
+        }));
+}
+
 } // namespace
 
 DocumentSaving::DocumentSaving(Surroundings surroundings) : m_around(std::move(surroundings)) {}
@@ -54,11 +67,11 @@ void DocumentSaving::start() {
     if (std::holds_alternative<file::NeverSaved>(state)) {
         askForPlace();
     } else if (std::holds_alternative<file::ChangedOnDisk>(state)) {
-        askAboutConflict();
+        lookAtConflict();
+    } else if (const auto* here = std::get_if<file::AtPath>(&state)) {
+        write({here->path, *here->stamp, m_around.store.savedDocument()});
     } else {
-        const auto* here = std::get_if<file::AtPath>(&state);
-        write({*pathOf(state), SaveRule::ifUnchanged,
-               here ? std::optional<PackageStamp>(*here->stamp) : std::nullopt});
+        write({*pathOf(state)});
     }
 }
 
@@ -101,7 +114,7 @@ void DocumentSaving::judge(const std::string& path) {
         SavePlace place;
     };
     runOnDisk(
-        m_around.scheduler, m_alive,
+        m_around.scheduler, Lane::saves, m_alive,
         [path] {
             std::string resolved = resolvedPath(absolutePath(path));
             const SavePlace place = judgeSavePlace(resolved);
@@ -129,42 +142,90 @@ void DocumentSaving::takePlace(const std::string& path, const SavePlace& place) 
         }
     }
     if (place.kind == SavePlaceKind::package) {
-        askToReplace(path, place.files);
+        askToReplace(path, place.stamp);
         return;
     }
-    write({path, place.kind == SavePlaceKind::free ? SaveRule::onlyIfFree : SaveRule::replace, {}});
+    write({path, place.kind == SavePlaceKind::free ? std::nullopt : std::optional(place.stamp)});
 }
 
 void DocumentSaving::refusePlace(const QString& text, const QString& detail) {
     tellFailure(&m_around.window, text, detail, m_alive([this] { askForPlace(); }));
 }
 
-void DocumentSaving::askToReplace(const std::string& path, std::size_t files) {
+void DocumentSaving::askToReplace(const std::string& path, const PackageStamp& stamp) {
     ask(&m_around.window,
         {.name = QStringLiteral("replaceQuestion"),
          .text = QStringLiteral("“%1” already exists. Do you want to replace it?").arg(shownFolderName(path)),
-         .detail = shownPath(path) +
-                   QStringLiteral(": everything in this folder is removed, %1.")
-                       .arg(files == 1 ? QStringLiteral("1 file") : QStringLiteral("%1 files").arg(files)),
+         .detail = shownPath(path) + QStringLiteral(": everything in this folder is removed, %1.")
+                                         .arg(countOfFiles(stamp.files.size())),
          .answers = {{QStringLiteral("Cancel"), QMessageBox::RejectRole, m_alive([this] { end(false); })},
-                     {QStringLiteral("Replace"), QMessageBox::DestructiveRole, m_alive([this, path] {
-                          write({path, SaveRule::replace, {}});
+                     {QStringLiteral("Replace"), QMessageBox::DestructiveRole, m_alive([this, path, stamp] {
+                          write({path, stamp});
                       })}}});
 }
 
-void DocumentSaving::askAboutConflict() {
+void DocumentSaving::lookAtConflict() {
     m_phase = Phase::asking;
+    runOnDisk(
+        m_around.scheduler, Lane::saves, m_alive,
+        [path = *m_around.store.path()] { return judgeFolder(path); },
+        [this](const SavePlace& place) { settleConflict(place); });
+}
+
+void DocumentSaving::settleConflict(const SavePlace& place) {
+    switch (place.kind) {
+    case SavePlaceKind::free:
+        write({*m_around.store.path(), std::nullopt});
+        return;
+    case SavePlaceKind::emptyFolder:
+        write({*m_around.store.path(), place.stamp});
+        return;
+    case SavePlaceKind::package:
+        if (lacksAssetsOf(place.stamp)) {
+            refuseFolder(QStringLiteral("the article came back without the pictures and other files in this "
+                                        "folder, and a save would remove them."));
+            return;
+        }
+        askAboutConflict(place.stamp);
+        return;
+    default:
+        refuseFolder(QStringLiteral("what stands there now is no article, and a save would remove it."));
+    }
+}
+
+bool DocumentSaving::lacksAssetsOf(const PackageStamp& stamp) const {
+    const auto* changed = std::get_if<file::ChangedOnDisk>(&m_around.store.fileState());
+    const Assets& assets = *m_around.store.document().assets;
+    return changed && changed->lacksAssets && assets.empty() && foreignFiles(stamp, assets) > 0;
+}
+
+void DocumentSaving::askAboutConflict(const PackageStamp& stamp) {
     const std::string path = *m_around.store.path();
+    const std::size_t files = foreignFiles(stamp, *m_around.store.document().assets);
+    QString detail = shownPath(path) + QStringLiteral(": saving removes what the other program wrote there");
+    if (files > 0) {
+        detail += QStringLiteral(", with %1 that this article never had").arg(countOfFiles(files));
+    }
     ask(&m_around.window,
         {.name = QStringLiteral("conflictQuestion"),
          .text = QStringLiteral("The folder was changed by another program since it was opened."),
-         .detail = shownPath(path) + QStringLiteral(": saving removes what the other program wrote there."),
+         .detail = detail + QLatin1Char('.'),
          .answers = {
              {QStringLiteral("Cancel"), QMessageBox::RejectRole, m_alive([this] { end(false); })},
              {QStringLiteral("Save As…"), QMessageBox::AcceptRole, m_alive([this] { askForPlace(); })},
-             {QStringLiteral("Save Anyway"), QMessageBox::DestructiveRole, m_alive([this, path] {
-                  write({path, SaveRule::replace, {}});
+             {QStringLiteral("Save Anyway"), QMessageBox::DestructiveRole, m_alive([this, path, stamp] {
+                  write({path, stamp});
               })}}});
+}
+
+void DocumentSaving::refuseFolder(const QString& reason) {
+    ask(&m_around.window,
+        {.name = QStringLiteral("refusal"),
+         .text = QStringLiteral("The article cannot be saved in its folder."),
+         .detail = shownPath(*m_around.store.path()) + QStringLiteral(": ") + reason,
+         .answers = {
+             {QStringLiteral("Cancel"), QMessageBox::RejectRole, m_alive([this] { end(false); })},
+             {QStringLiteral("Save As…"), QMessageBox::AcceptRole, m_alive([this] { askForPlace(); })}}});
 }
 
 void DocumentSaving::write(SaveOrder order) {
@@ -178,7 +239,7 @@ void DocumentSaving::write(SaveOrder order) {
                                  }
                              }));
     runOnDisk(
-        m_around.scheduler, m_alive,
+        m_around.scheduler, Lane::saves, m_alive,
         [document, order = std::move(order)] { return runSave(document, order); },
         [this, path](SaveOutcome outcome) { finish(path, std::move(outcome)); });
 }
@@ -192,8 +253,13 @@ void DocumentSaving::finish(const std::string& path, SaveOutcome outcome) {
     }
     m_around.store.abandonSaving();
     if (const auto* conflict = std::get_if<SaveConflict>(&outcome)) {
-        m_around.store.noteDisk(conflict->found);
-        askAboutConflict();
+        if (path == m_around.store.path()) {
+            m_around.store.noteDisk(conflict->found);
+            lookAtConflict();
+        } else {
+            m_phase = Phase::asking;
+            judge(path);
+        }
         return;
     }
     tell(path, std::get<PackageFailure>(outcome));

@@ -48,8 +48,12 @@ private:
     void judge(const std::string& path);
     void takePlace(const std::string& path, const SavePlace& place);
     void refusePlace(const QString& text, const QString& detail);
-    void askToReplace(const std::string& path, std::size_t files);
-    void askAboutConflict();
+    void askToReplace(const std::string& path, const PackageStamp& stamp);
+    void lookAtConflict();
+    void settleConflict(const SavePlace& place);
+    bool lacksAssetsOf(const PackageStamp& stamp) const;
+    void askAboutConflict(const PackageStamp& stamp);
+    void refuseFolder(const QString& reason);
     void write(SaveOrder order);
     void finish(const std::string& path, SaveOutcome outcome);
     void tell(const std::string& path, const PackageFailure& failure);

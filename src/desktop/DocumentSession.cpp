@@ -141,8 +141,9 @@ void DocumentSession::closeForGood() {
 
 void DocumentSession::takeRecovered(const ArticleDocument& article, LeftRecoveryCopy& left) {
     m_store->edit({"Recover Changes", {}}, article);
-    m_keeper->flush();
-    left.discard();
+    if (m_keeper->flush()) {
+        left.discard();
+    }
 }
 
 } // namespace quillon

@@ -61,7 +61,7 @@ public:
     void takeRecovered(const ArticleDocument& article, LeftRecoveryCopy& left);
 
     /// Brings the recovery copy up to date at once, for a program that must end now.
-    void flushRecovery() { m_keeper->flush(); }
+    void flushRecovery() { (void)m_keeper->flush(); }
 
 Q_SIGNALS:
     void closed(); ///< for good; the session is of no more use

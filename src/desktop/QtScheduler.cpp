@@ -7,9 +7,10 @@
 #include <QTimer>
 
 #include <algorithm>
-#include <array>
 #include <chrono>
 #include <cmath>
+#include <map>
+#include <mutex>
 #include <utility>
 
 namespace quillon {
@@ -18,8 +19,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+constexpr Lane lanes[] = {Lane::pages, Lane::reads, Lane::saves, Lane::recovery};
+constexpr int farewell = 200; ///< milliseconds that reads get to find out that nobody waits for them
+
 /// Pages keep a processor busy each; disk work mostly waits, and a disk that does not answer must not stop
-/// the saves to the others.
+/// what goes to others.
 int threadsOf(Lane lane) {
     constexpr int mostPages = 4;
     constexpr int mostDisk = 8;
@@ -29,25 +33,45 @@ int threadsOf(Lane lane) {
 } // namespace
 
 struct QtScheduler::Parts {
-    const Clock::time_point start = Clock::now();
-    QObject home; ///< lives on the main thread; actions wait in its queue and go with it
-    std::array<QThreadPool, 2> pools;
+    /// The way to the main thread, for as long as there is one to go.
+    struct Home {
+        std::mutex mutex;
+        std::unique_ptr<QObject> object = std::make_unique<QObject>(); ///< actions wait in its queue
 
-    QThreadPool& pool(Lane lane) { return pools[lane == Lane::pages ? 0 : 1]; }
+        void post(std::function<void()> action) {
+            const std::lock_guard guard(mutex);
+            if (object) {
+                QMetaObject::invokeMethod(object.get(), std::move(action), Qt::QueuedConnection);
+            }
+        }
+    };
+
+    const Clock::time_point start = Clock::now();
+    std::shared_ptr<Home> home = std::make_shared<Home>();
+    std::map<Lane, std::unique_ptr<QThreadPool>> pools;
 };
 
 QtScheduler::QtScheduler() : m_parts(std::make_unique<Parts>()) {
-    for (const Lane lane : {Lane::pages, Lane::disk}) {
-        m_parts->pool(lane).setMaxThreadCount(threadsOf(lane));
+    for (const Lane lane : lanes) {
+        auto& pool = m_parts->pools[lane] = std::make_unique<QThreadPool>();
+        pool->setMaxThreadCount(threadsOf(lane));
     }
 }
 
 QtScheduler::~QtScheduler() {
-    // Nobody will look at the pages that have not been begun, but what goes to disk is somebody's work.
-    m_parts->pool(Lane::pages).clear();
-    for (QThreadPool& pool : m_parts->pools) {
-        pool.waitForDone();
+    // Nobody will look at what has not been begun, but what goes to disk is somebody's work.
+    for (const Lane lane : {Lane::pages, Lane::reads}) {
+        m_parts->pools[lane]->clear();
     }
+    for (const Lane lane : {Lane::pages, Lane::saves, Lane::recovery}) {
+        m_parts->pools[lane]->waitForDone();
+    }
+    if (!m_parts->pools[Lane::reads]->waitForDone(farewell)) {
+        // A disk does not answer: the pool would wait for it, so it goes with the process.
+        (void)m_parts->pools[Lane::reads].release();
+    }
+    const std::lock_guard guard(m_parts->home->mutex);
+    m_parts->home->object.reset();
 }
 
 double QtScheduler::now() const {
@@ -56,13 +80,13 @@ double QtScheduler::now() const {
 
 void QtScheduler::after(double seconds, std::function<void()> action) {
     const auto delay = std::chrono::milliseconds(std::lround(std::ceil(std::max(0.0, seconds) * 1000)));
-    QTimer::singleShot(delay, Qt::PreciseTimer, &m_parts->home, std::move(action));
+    QTimer::singleShot(delay, Qt::PreciseTimer, m_parts->home->object.get(), std::move(action));
 }
 
 void QtScheduler::inBackground(Lane lane, std::function<std::function<void()>()> work) {
-    m_parts->pool(lane).start([home = &m_parts->home, work = std::move(work)] {
+    m_parts->pools[lane]->start([home = m_parts->home, work = std::move(work)] {
         if (std::function<void()> action = work()) {
-            QMetaObject::invokeMethod(home, std::move(action), Qt::QueuedConnection);
+            home->post(std::move(action));
         }
     });
 }

@@ -6,8 +6,8 @@
 
 namespace quillon {
 
-/// The scheduler of the running program, on the event loop of the thread that made it. Work that runs when it
-/// is destroyed is waited for; its actions are dropped.
+/// The scheduler of the running program, on the event loop of the thread that made it. When it is
+/// destroyed, saves and recovery copies are waited for, and reads for a moment; actions are dropped.
 class QtScheduler : public Scheduler {
 public:
     QtScheduler();

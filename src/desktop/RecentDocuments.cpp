@@ -44,11 +44,12 @@ void RecentDocuments::look() {
         }
         return documents;
     };
-    runOnDisk(m_scheduler, m_alive, marked, [this, before = m_documents](std::vector<RecentDocument> found) {
-        if (m_documents == before) {
-            take(std::move(found));
-        }
-    });
+    runOnDisk(m_scheduler, Lane::reads, m_alive, marked,
+              [this, before = m_documents](std::vector<RecentDocument> found) {
+                  if (m_documents == before) {
+                      take(std::move(found));
+                  }
+              });
 }
 
 std::vector<std::string> RecentDocuments::paths() const {

@@ -19,8 +19,7 @@ QStringList recoveryRow(const RecoveryInfo& info) {
             shownTime(info.time)};
 }
 
-RecoveryOffer::RecoveryOffer(std::vector<LeftRecoveryCopy> left,
-                             std::function<void(LeftRecoveryCopy)> recover)
+RecoveryOffer::RecoveryOffer(std::vector<LeftRecoveryCopy> left, Recover recover)
     : m_left(std::move(left)), m_recover(std::move(recover)), m_list(new QTreeWidget(this)) {
     const QString text = QStringLiteral("Quillon ended before these articles were saved.");
     setObjectName(QStringLiteral("recoveryOffer"));
@@ -52,8 +51,7 @@ RecoveryOffer::RecoveryOffer(std::vector<LeftRecoveryCopy> left,
         button->setObjectName(button->text());
     }
     m_recoverButton->setDefault(true);
-    connect(m_recoverButton, &QPushButton::clicked, this,
-            [this] { takeSelected([this](LeftRecoveryCopy& copy) { m_recover(std::move(copy)); }); });
+    connect(m_recoverButton, &QPushButton::clicked, this, [this] { takeSelected(m_recover); });
     connect(m_discardButton, &QPushButton::clicked, this, &RecoveryOffer::askToDiscard);
     connect(later, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_list, &QTreeWidget::itemSelectionChanged, this, &RecoveryOffer::showSelection);
@@ -68,14 +66,15 @@ void RecoveryOffer::showSelection() {
     m_discardButton->setEnabled(isAny);
 }
 
-void RecoveryOffer::takeSelected(const std::function<void(LeftRecoveryCopy&)>& use) {
+void RecoveryOffer::takeSelected(const Recover& use) {
+    std::vector<LeftRecoveryCopy> taken;
     for (QTreeWidgetItem* item : m_list->selectedItems()) {
         const int row = m_list->indexOfTopLevelItem(item);
-        LeftRecoveryCopy copy = std::move(m_left[static_cast<std::size_t>(row)]);
+        taken.push_back(std::move(m_left[static_cast<std::size_t>(row)]));
         m_left.erase(m_left.begin() + row);
         delete m_list->takeTopLevelItem(row);
-        use(copy);
     }
+    use(std::move(taken));
     if (m_left.empty()) {
         accept();
     }
@@ -90,7 +89,11 @@ void RecoveryOffer::askToDiscard() {
          .detail = QStringLiteral("They cannot be brought back."),
          .answers = {{QStringLiteral("Cancel"), QMessageBox::RejectRole, {}},
                      {QStringLiteral("Discard"), QMessageBox::DestructiveRole, [this] {
-                          takeSelected([](LeftRecoveryCopy& copy) { copy.discard(); });
+                          takeSelected([](std::vector<LeftRecoveryCopy> copies) {
+                              for (LeftRecoveryCopy& copy : copies) {
+                                  copy.discard();
+                              }
+                          });
                       }}}});
 }
 

@@ -18,17 +18,19 @@ class RecoveryOffer : public QDialog {
     Q_OBJECT
 
 public:
-    /// `recover` is given each document the user wants back.
-    RecoveryOffer(std::vector<LeftRecoveryCopy> left, std::function<void(LeftRecoveryCopy)> recover);
+    using Recover = std::function<void(std::vector<LeftRecoveryCopy>)>;
+
+    /// `recover` is given the documents that the user wants back.
+    RecoveryOffer(std::vector<LeftRecoveryCopy> left, Recover recover);
     ~RecoveryOffer() override;
 
 private:
-    void takeSelected(const std::function<void(LeftRecoveryCopy&)>& use);
+    void takeSelected(const Recover& use);
     void askToDiscard();
     void showSelection();
 
     std::vector<LeftRecoveryCopy> m_left; ///< by the rows of the list
-    std::function<void(LeftRecoveryCopy)> m_recover;
+    Recover m_recover;
     QTreeWidget* m_list;
     QPushButton* m_recoverButton;
     QPushButton* m_discardButton;

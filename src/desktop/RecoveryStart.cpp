@@ -6,13 +6,15 @@
 #include "desktop/Questions.h"
 #include "desktop/RecoveryOffer.h"
 
+#include <algorithm>
+#include <map>
 #include <utility>
 
 namespace quillon {
 
 void DocumentController::offer(std::vector<LeftRecoveryCopy> left) {
-    m_offer = std::make_unique<RecoveryOffer>(std::move(left),
-                                              [this](LeftRecoveryCopy copy) { recover(std::move(copy)); });
+    m_offer = std::make_unique<RecoveryOffer>(
+        std::move(left), [this](std::vector<LeftRecoveryCopy> copies) { recover(std::move(copies)); });
     connect(m_offer.get(), &QDialog::finished, this, [this, held = hold()]() mutable {
         m_offer.release()->deleteLater();
         if (m_sessions.empty() && m_openings.empty() && m_recovering == 0 && !m_isQuitting) {
@@ -23,14 +25,42 @@ void DocumentController::offer(std::vector<LeftRecoveryCopy> left) {
     m_offer->show();
 }
 
-void DocumentController::recover(LeftRecoveryCopy left) {
-    const auto shared = std::make_shared<LeftRecoveryCopy>(std::move(left));
+void DocumentController::recover(std::vector<LeftRecoveryCopy> copies) {
+    std::sort(copies.begin(), copies.end(), [](const LeftRecoveryCopy& left, const LeftRecoveryCopy& right) {
+        return left.info().time > right.info().time;
+    });
+    // Those of one package follow each other, so that the latest ends on top.
+    std::map<std::string, std::shared_ptr<RecoveryQueue>> queues;
+    std::vector<std::shared_ptr<RecoveryQueue>> all;
+    for (LeftRecoveryCopy& copy : copies) {
+        const auto& path = copy.info().packagePath;
+        auto queue = path ? queues[*path] : nullptr;
+        if (!queue) {
+            queue = all.emplace_back(std::make_shared<RecoveryQueue>());
+        }
+        if (path) {
+            queues[*path] = queue;
+        }
+        queue->push_back(std::move(copy));
+    }
+    for (const auto& queue : all) {
+        recoverNext(queue);
+    }
+}
+
+void DocumentController::recoverNext(const std::shared_ptr<RecoveryQueue>& queue) {
+    if (queue->empty()) {
+        return;
+    }
+    const auto shared = std::make_shared<LeftRecoveryCopy>(std::move(queue->back()));
+    queue->pop_back();
     ++m_recovering;
     runOnDisk(
-        m_scheduler, m_alive, [shared] { return readRecovered(*shared); },
-        [this, shared, held = hold()](Expected<RecoveredDocument, DiskFailure> recovered) {
+        m_scheduler, Lane::reads, m_alive, [shared] { return readRecovered(*shared); },
+        [this, shared, queue, held = hold()](Expected<RecoveredDocument, DiskFailure> recovered) {
             --m_recovering;
             finishRecovery(*shared, std::move(recovered));
+            recoverNext(queue);
         });
 }
 

@@ -1,6 +1,7 @@
 #include "desktop/SaveJob.h"
 
 #include "desktop/PackagePath.h"
+#include "document/TouchedFiles.h"
 #include "package/PackageFile.h"
 
 #include <cerrno>
@@ -60,39 +61,55 @@ SavePlace judgeSavePlace(const std::string& path) {
     if (isInsidePackage(place)) {
         return {SavePlaceKind::insidePackage};
     }
-    const fs::file_status status = fs::symlink_status(place, error);
+    return judgeFolder(place);
+}
+
+SavePlace judgeFolder(const std::string& path) {
+    std::error_code error;
+    const fs::file_status status = fs::symlink_status(path, error);
     if (!fs::exists(status)) {
         return {SavePlaceKind::free};
     }
     if (!fs::is_directory(status)) {
         return {SavePlaceKind::notAFolder};
     }
-    const bool isPackageFolder = holdsArticle(place);
-    if (!isPackageFolder) {
-        const bool isEmpty = fs::is_empty(place, error);
-        return {isEmpty && !error ? SavePlaceKind::emptyFolder : SavePlaceKind::foreignFolder};
+    if (holdsArticle(path)) {
+        return {SavePlaceKind::package, packageStamp(path).value_or(PackageStamp{})};
     }
-    const auto stamp = packageStamp(place);
-    return {SavePlaceKind::package, stamp ? stamp->files.size() : 0};
+    const bool isEmpty = fs::is_empty(path, error);
+    return {isEmpty && !error ? SavePlaceKind::emptyFolder : SavePlaceKind::foreignFolder};
 }
 
 SaveOutcome runSave(const ArticleFileDocument& document, const SaveOrder& order) {
-    Existing existing = order.rule == SaveRule::onlyIfFree ? Existing::refuse : Existing::replace;
-    if (order.rule == SaveRule::ifUnchanged) {
-        auto found = packageStamp(order.path);
-        if (!found && !isMissing(found.error())) {
-            return PackageFailure{std::move(found.error())};
+    auto found = packageStamp(order.path);
+    if (!found && !isMissing(found.error())) {
+        return PackageFailure{std::move(found.error())};
+    }
+    if (found && order.known != *found) {
+        return SaveConflict{std::move(*found)};
+    }
+    if (found && order.saved && found->changeTimes != order.known->changeTimes) {
+        auto isSame = holdsStill(order.path, *order.known, *found, *order.saved);
+        if (!isSame) {
+            return std::move(isSame.error());
         }
-        if (found && !(order.known && *found == *order.known)) {
+        if (!*isSame) {
             return SaveConflict{std::move(*found)};
         }
-        existing = found ? Existing::replace : Existing::refuse;
     }
-    if (auto saved = savePackage(document, order.path, existing); !saved) {
-        return std::move(saved.error());
+    const Existing existing = found ? Existing::replace : Existing::refuse;
+    auto saved = savePackage(document, order.path, existing, order.known ? &*order.known : nullptr);
+    if (saved) {
+        return std::move(saved->stamp);
     }
-    // Where the look fails, the empty stamp makes the next one take the folder for changed.
-    return packageStamp(order.path).value_or(PackageStamp{});
+    const auto* failure = std::get_if<DiskFailure>(&saved.error().cause);
+    if (failure && failure->errorNumber == ESTALE) {
+        // Another program wrote to the folder during the save.
+        if (found = packageStamp(order.path); found && order.known != *found) {
+            return SaveConflict{std::move(*found)};
+        }
+    }
+    return std::move(saved.error());
 }
 
 std::string saveAdvice(const PackageFailure& failure) {

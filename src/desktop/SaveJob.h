@@ -1,7 +1,7 @@
 #pragma once
 
-#include "document/PackageStamp.h"
 #include "package/ArticleFileDocument.h"
+#include "package/PackageStamp.h"
 
 #include <cstddef>
 #include <optional>
@@ -24,30 +24,29 @@ enum class SavePlaceKind {
 
 struct SavePlace {
     SavePlaceKind kind = SavePlaceKind::free;
-    std::size_t files = 0; ///< below a folder that stands there
+    PackageStamp stamp = {}; ///< of a package that stands there
 };
 
+/// What a new article would find at `path`, and around it.
 SavePlace judgeSavePlace(const std::string& path);
 
-/// What a save does with what stands at its path.
-enum class SaveRule {
-    ifUnchanged, ///< replaces the folder that the document knows, or saves where nothing stands
-    replace,     ///< replaces whatever package is there: the user was asked
-    onlyIfFree,
-};
+/// What stands at `path`, whatever is around it.
+SavePlace judgeFolder(const std::string& path);
 
 struct SaveOrder {
     std::string path;
-    SaveRule rule = SaveRule::ifUnchanged;
-    std::optional<PackageStamp> known; ///< of the folder as the document knows it
+    /// The stamp of the folder that may be replaced, if it stands there; without one, none may.
+    std::optional<PackageStamp> known = std::nullopt;
+    /// What that folder holds, to be compared where its files were touched; nothing where the user was asked.
+    std::optional<ArticleFileDocument> saved = std::nullopt;
 };
 
-/// The folder is not as the document knows it; nothing was written.
+/// A folder stands there that may not be replaced; nothing was written.
 struct SaveConflict {
     PackageStamp found;
 };
 
-/// The stamp of the folder after the save, or why there was none. After a failure the folder is as before.
+/// The stamp of the folder that was written, or why none was. After a failure the folder is as before.
 using SaveOutcome = std::variant<PackageStamp, SaveConflict, PackageFailure>;
 
 SaveOutcome runSave(const ArticleFileDocument& document, const SaveOrder& order);

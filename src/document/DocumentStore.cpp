@@ -41,11 +41,26 @@ const Shared<PackageStamp>* knownStamp(const FileState& state) {
         state);
 }
 
-/// Whether the article lives in a folder that is not there, also while it is being saved.
-bool isGone(const FileState& state) {
-    const auto* saving = std::get_if<file::Saving>(&state);
-    return saving ? std::holds_alternative<file::Gone>(saving->before)
-                  : std::holds_alternative<file::Gone>(state);
+/// Whether no folder holds what the document last had in common with its own, also while it is being saved.
+bool isAlone(const FileState& state) {
+    if (const auto* saving = std::get_if<file::Saving>(&state)) {
+        return isAlone(unsettled(saving->before));
+    }
+    const auto* changed = std::get_if<file::ChangedOnDisk>(&state);
+    return std::holds_alternative<file::Gone>(state) || (changed && changed->isRefused);
+}
+
+/// Whether the folder has assets that the document lacks.
+bool lacksAssets(const FileState& state) {
+    return std::visit(
+        [](const auto& each) {
+            if constexpr (requires { each.lacksAssets; }) {
+                return each.lacksAssets;
+            } else {
+                return false;
+            }
+        },
+        state);
 }
 
 /// What a step from `before` to `after` touches.
@@ -147,7 +162,11 @@ bool DocumentStore::isEdited() const {
 }
 
 bool DocumentStore::computeIsEdited() const {
-    return isGone(m_fileState) || !(document() == m_unedited);
+    return isAlone(m_fileState) || hasOwnChanges();
+}
+
+bool DocumentStore::hasOwnChanges() const {
+    return !(document() == m_unedited);
 }
 
 ArticleFileDocument DocumentStore::beginSaving(const std::string& path) {
@@ -186,11 +205,12 @@ bool DocumentStore::noteDisk(const std::optional<PackageStamp>& stamp) {
         return false;
     }
     const std::string path = *this->path();
-    FileState next = file::Gone{path, *known};
-    if (stamp && *stamp == **known) {
+    const bool lacks = lacksAssets(m_fileState);
+    FileState next = file::Gone{path, *known, lacks};
+    if (stamp && *stamp == **known && !lacks) {
         next = file::AtPath{path, *known};
     } else if (stamp) {
-        next = file::ChangedOnDisk{path, *known};
+        next = file::ChangedOnDisk{.path = path, .stamp = *known, .lacksAssets = lacks};
     }
     if (next.index() == m_fileState.index()) {
         return false;
@@ -223,6 +243,35 @@ void DocumentStore::takeFromDisk(ArticleFileDocument document, PackageStamp stam
         m_history.select(next.selection);
     }
     announce(change);
+}
+
+void DocumentStore::noteTouched(PackageStamp stamp, bool isSame) {
+    auto* here = std::get_if<file::AtPath>(&m_fileState);
+    if (here && isSame) {
+        here->stamp = std::move(stamp);
+    } else if (here) {
+        // The stamp that the document knew is that of the other contents, too: from now on it knows none.
+        m_fileState = file::ChangedOnDisk{.path = here->path, .stamp = PackageStamp{}};
+        announce({.file = true});
+    }
+}
+
+void DocumentStore::refuseDisk() {
+    if (auto* changed = std::get_if<file::ChangedOnDisk>(&m_fileState)) {
+        changed->isRefused = true;
+        announce({.file = true});
+    }
+}
+
+void DocumentStore::takeAssets(const ArticleFileDocument& from, const std::string& name) {
+    EditedValue next = m_history.current();
+    next.document.assets = from.assets;
+    next.document.assetsFingerprint = from.assetsFingerprint;
+    const StoreChange change = difference(m_history.current(), next);
+    if (change.assets) {
+        m_history.record({name, {}}, std::move(next), m_clock());
+        announce(change);
+    }
 }
 
 Subscription DocumentStore::observe(std::function<void(const StoreChange&)> observer) {

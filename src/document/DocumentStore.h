@@ -48,8 +48,12 @@ public:
     void redo();
 
     /// Whether the document differs from what its folder holds, as far as is known. A document that was never
-    /// saved counts as edited only once it was edited; one whose folder is gone always does.
+    /// saved counts as edited only once it was edited; one whose folder is gone or was refused always does.
     bool isEdited() const;
+    /// What the folder holds as far as is known; any value for a document never saved.
+    const ArticleFileDocument& savedDocument() const { return m_unedited; }
+    /// Whether the document differs from what it last had in common with its folder.
+    bool hasOwnChanges() const;
 
     /// Takes the value to save at `path`; the state is Saving until `finishSaving`. Edits go on meanwhile, as
     /// steps of their own. Must not be called while saving.
@@ -65,6 +69,16 @@ public:
     /// Takes over what the folder holds now, as a step that can be undone, called `name`. Components that
     /// stay keep their ids. Does nothing while saving and for a document never saved.
     void takeFromDisk(ArticleFileDocument document, PackageStamp stamp, const std::string& name);
+
+    /// A look found the folder with the stamp that the document knows, and that files were touched all the
+    /// same. `isSame` says whether their contents are as they were: if not, the folder counts as changed.
+    /// Does nothing unless the folder counted as unchanged.
+    void noteTouched(PackageStamp stamp, bool isSame);
+    /// What the folder holds is not taken over: the document counts as edited until
+    /// the two agree again. Does nothing unless the folder was changed.
+    void refuseDisk();
+    /// Puts assets beside the article as it is, as a step that can be undone, called `name`.
+    void takeAssets(const ArticleFileDocument& from, const std::string& name);
 
     Subscription observe(std::function<void(const StoreChange&)> observer);
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "base/Shared.h"
-#include "document/PackageStamp.h"
+#include "package/PackageStamp.h"
 
 #include <optional>
 #include <string>
@@ -29,6 +29,8 @@ struct AtPath {
 struct ChangedOnDisk {
     std::string path;
     Shared<PackageStamp> stamp; ///< of the folder as the document knows it
+    bool isRefused = false;     ///< what the folder holds was not taken over, so the document is all there is
+    bool lacksAssets = false;   ///< the document came back from a crash without the folder's assets
 
     bool operator==(const ChangedOnDisk&) const = default;
 };
@@ -37,6 +39,7 @@ struct ChangedOnDisk {
 struct Gone {
     std::string path;
     Shared<PackageStamp> stamp; ///< of the folder as the document knew it, in case it comes back
+    bool lacksAssets = false;   ///< as above
 
     bool operator==(const Gone&) const = default;
 };

@@ -98,7 +98,7 @@ struct RecoveryKeeper::Parts {
     void start();
     void finish(const Wish& wish, std::size_t number, const Expected<void, DiskFailure>& result);
     void retryLater();
-    void writeNow(const Wish& wish);
+    Expected<void, DiskFailure> writeNow(const Wish& wish);
 };
 
 void RecoveryKeeper::Parts::noteChange() {
@@ -137,7 +137,7 @@ void RecoveryKeeper::Parts::start() {
     const auto result = std::make_shared<Expected<void, DiskFailure>>();
     const std::function<void()> answer =
         whileAlive([this, wish, number = asked, result] { finish(wish, number, *result); });
-    scheduler.inBackground(Lane::disk, [copy = copy, wish, number = asked, result, answer] {
+    scheduler.inBackground(Lane::recovery, [copy = copy, wish, number = asked, result, answer] {
         *result = copy->fulfil(wish, number);
         return answer;
     });
@@ -183,9 +183,10 @@ void RecoveryKeeper::Parts::retryLater() {
                     }));
 }
 
-void RecoveryKeeper::Parts::writeNow(const Wish& wish) {
-    const Expected<void, DiskFailure> result = copy->fulfil(wish, ++asked);
+Expected<void, DiskFailure> RecoveryKeeper::Parts::writeNow(const Wish& wish) {
+    Expected<void, DiskFailure> result = copy->fulfil(wish, ++asked);
     done = result ? std::optional(wish) : std::nullopt;
+    return result;
 }
 
 RecoveryKeeper::RecoveryKeeper(DocumentStore& store, std::unique_ptr<RecoveryCopy> copy, Scheduler& scheduler)
@@ -204,16 +205,17 @@ RecoveryKeeper::RecoveryKeeper(DocumentStore& store, std::unique_ptr<RecoveryCop
 
 RecoveryKeeper::~RecoveryKeeper() = default;
 
-void RecoveryKeeper::flush() {
+Expected<void, DiskFailure> RecoveryKeeper::flush() {
     const Wish wish = wishOf(m_parts->store);
-    if (!m_parts->isClosed && (m_parts->isWriting || !(m_parts->done == wish))) {
-        m_parts->writeNow(wish);
+    if (m_parts->isClosed || (!m_parts->isWriting && m_parts->done == wish)) {
+        return {};
     }
+    return m_parts->writeNow(wish);
 }
 
 void RecoveryKeeper::close() {
     if (!m_parts->isClosed) {
-        m_parts->writeNow(Wish());
+        (void)m_parts->writeNow(Wish());
         m_parts->isClosed = true;
     }
 }

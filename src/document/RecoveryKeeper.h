@@ -22,8 +22,9 @@ public:
     /// Leaves the copy on disk as it is.
     ~RecoveryKeeper();
 
-    /// Writes at once, on this thread, what has not been written yet: for a program that must end now.
-    void flush();
+    /// Writes at once, on this thread, what has not been written yet: for a program that must end now. A
+    /// failure means that the copy does not hold the present article.
+    Expected<void, DiskFailure> flush();
     /// The document is closed for good: no copy is needed any more.
     void close();
 

@@ -74,12 +74,12 @@ Expected<ArticleDocument, PackageFailure> openPackageArticle(const std::string& 
 }
 
 Expected<SaveReport, PackageFailure> savePackage(const ArticleFileDocument& document, const std::string& path,
-                                                 Existing existing) {
+                                                 Existing existing, const PackageStamp* known) {
     const auto root = writePackage(document);
     if (!root) {
         return unexpected(root.error());
     }
-    auto report = writeFolder(*root, path, systemFileSystem(), existing);
+    auto report = writeFolder(*root, path, systemFileSystem(), existing, known);
     if (!report) {
         return unexpected(PackageFailure{std::move(report.error())});
     }

@@ -16,9 +16,10 @@ Expected<ArticleDocument, PackageFailure> openPackageArticle(const std::string& 
                                                              FileSystem& fileSystem = systemFileSystem());
 
 /// Saves `document` at `path`, in place of the folder that stands there unless that is refused: all or
-/// nothing.
+/// nothing. A folder that is not as `known` is left alone, as writeFolder does.
 Expected<SaveReport, PackageFailure> savePackage(const ArticleFileDocument& document, const std::string& path,
-                                                 Existing existing = Existing::replace);
+                                                 Existing existing = Existing::replace,
+                                                 const PackageStamp* known = nullptr);
 
 /// Whether a folder with an article stands at `path`.
 bool isPackage(const std::string& path);

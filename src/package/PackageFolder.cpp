@@ -22,8 +22,9 @@ struct LockedFolder {
 
 class FolderSave {
 public:
-    FolderSave(FileSystem& fileSystem, const PackagePlace& place, Existing existing)
-        : m_fileSystem(fileSystem), m_place(place), m_existing(existing),
+    FolderSave(FileSystem& fileSystem, const PackagePlace& place, Existing existing,
+               const PackageStamp* known)
+        : m_fileSystem(fileSystem), m_place(place), m_existing(existing), m_known(known),
           m_workName(newSideName(place.name, SideKind::work)) {}
 
     Expected<SaveReport, DiskFailure> run(const FileWrapper& tree) {
@@ -39,6 +40,7 @@ public:
             return unexpected(placed.error());
         }
         removeOld(built->report);
+        noteChangeTimes(built->report.stamp);
         for (const auto& [bytes, origin] : built->origins) {
             bytes.noteOrigin(origin);
         }
@@ -88,7 +90,38 @@ private:
         if (m_old) {
             oldFolder = std::move(m_old->folder);
         }
-        return buildFolder(m_fileSystem, tree, m_place.path, std::move(work->folder), std::move(oldFolder));
+        auto built =
+            buildFolder(m_fileSystem, tree, m_place.path, std::move(work->folder), std::move(oldFolder));
+        if (built) {
+            auto stamp = stampOf(m_workName);
+            if (!stamp) {
+                return unexpected(std::move(stamp.error()));
+            }
+            built->report.stamp = std::move(*stamp);
+        }
+        return built;
+    }
+
+    Expected<PackageStamp, DiskFailure> stampOf(const std::string& name) {
+        SystemResult<FileDescriptor> folder = m_fileSystem.openFolder(parent(), name);
+        if (!folder) {
+            return unexpected(diskFailure(m_place.path, folder.error()));
+        }
+        return packageStamp(std::move(*folder), m_place.path, m_fileSystem);
+    }
+
+    /// Fails where the old folder, which has the name `name` now, is not as it is known.
+    Outcome expectKnown(const std::string& name) {
+        if (!m_known) {
+            return {};
+        }
+        const auto stamp = stampOf(name);
+        if (!stamp) {
+            return unexpected(stamp.error());
+        }
+        return *stamp == *m_known
+                   ? Outcome()
+                   : unexpected(diskFailure(m_place.path, ESTALE, "changed by another program"));
     }
 
     Outcome putInPlace() {
@@ -103,12 +136,14 @@ private:
             now->identity.inode != m_old->status.identity.inode) {
             return failure(m_place.path, ESTALE);
         }
-        SystemResult<void> result =
-            m_fileSystem.rename(parent(), m_workName, m_place.name, RenameRule::exchange);
-        if (result) {
-            return finish(settleExchange());
+        if (Outcome same = expectKnown(m_place.name); !same) {
+            return same;
         }
-        return finish(result.error() == EINVAL ? putByMovingAside() : result);
+        const SystemResult<void> result = exchange();
+        if (result) {
+            return settleExchange();
+        }
+        return result.error() == EINVAL ? putByMovingAside() : finish(result);
     }
 
     SystemResult<void> putWhereNothingIs() {
@@ -123,28 +158,39 @@ private:
         return result;
     }
 
-    /// After the exchange: makes it last, or takes it back.
-    SystemResult<void> settleExchange() {
-        const SystemResult<void> result = m_fileSystem.sync(parent());
-        m_workIsOld =
-            result || !m_fileSystem.rename(parent(), m_workName, m_place.name, RenameRule::exchange);
-        return result;
+    SystemResult<void> exchange() {
+        return m_fileSystem.rename(parent(), m_workName, m_place.name, RenameRule::exchange);
+    }
+
+    /// After the exchange: makes it last, or takes it back. Only now nobody finds the old folder any more, so
+    /// that what it holds is all that was ever written to it.
+    Outcome settleExchange() {
+        const Outcome same = expectKnown(m_workName);
+        const Outcome settled = same ? finish(m_fileSystem.sync(parent())) : same;
+        m_workIsOld = settled || !exchange();
+        if (!same && m_workIsOld) {
+            (void)rename(m_workName, newSideName(m_place.name, SideKind::kept));
+        }
+        return settled;
     }
 
     /// Where folders cannot be exchanged. A process that is killed between the two renames leaves the package
     /// whole under the aside name, and the next one that opens or saves it puts it back.
-    SystemResult<void> putByMovingAside() {
+    Outcome putByMovingAside() {
         m_asideName = newSideName(m_place.name, SideKind::aside);
-        SystemResult<void> result = rename(m_place.name, m_asideName);
+        Outcome result = finish(rename(m_place.name, m_asideName));
         if (!result) {
             return result;
         }
-        result = rename(m_workName, m_place.name);
+        result = expectKnown(m_asideName);
+        if (result) {
+            result = finish(rename(m_workName, m_place.name));
+        }
         if (!result) {
             (void)rename(m_asideName, m_place.name);
             return result;
         }
-        result = m_fileSystem.sync(parent());
+        result = finish(m_fileSystem.sync(parent()));
         if (!result && rename(m_place.name, m_workName)) {
             (void)rename(m_asideName, m_place.name);
         }
@@ -160,6 +206,13 @@ private:
         }
         if (!left.empty()) {
             report.leftBehind = m_place.parentPath + "/" + left;
+        }
+    }
+
+    /// Files that both folders shared were changed once more, by the end of the old folder.
+    void noteChangeTimes(PackageStamp& stamp) {
+        if (auto now = stampOf(m_place.name); now && *now == stamp) {
+            stamp.changeTimes = std::move(now->changeTimes);
         }
     }
 
@@ -198,6 +251,7 @@ private:
     FileSystem& m_fileSystem;
     const PackagePlace& m_place;
     Existing m_existing;
+    const PackageStamp* m_known; ///< null where any old folder may be replaced
     const std::string m_workName;
     std::string m_asideName;  ///< empty while the old package has not been moved aside
     bool m_workIsOld = false; ///< the old package has the work name
@@ -208,7 +262,8 @@ private:
 } // namespace
 
 Expected<SaveReport, DiskFailure> writeFolder(const FileWrapper& tree, const std::string& path,
-                                              FileSystem& fileSystem, Existing existing) {
+                                              FileSystem& fileSystem, Existing existing,
+                                              const PackageStamp* known) {
     if (!tree.isDirectory()) {
         return unexpected(diskFailure(path, ENOTDIR));
     }
@@ -221,7 +276,7 @@ Expected<SaveReport, DiskFailure> writeFolder(const FileWrapper& tree, const std
         return unexpected(recovered.error());
     }
     removeStaleSides(fileSystem, *place);
-    return FolderSave(fileSystem, *place, existing).run(tree);
+    return FolderSave(fileSystem, *place, existing, known).run(tree);
 }
 
 } // namespace quillon

@@ -4,6 +4,7 @@
 #include "base/Expected.h"
 #include "base/FileSystem.h"
 #include "base/FileTree.h"
+#include "package/PackageStamp.h"
 
 #include <cstdint>
 #include <string>
@@ -20,6 +21,7 @@ struct SaveReport {
     std::size_t filesCloned = 0; ///< the same, where links are refused and the file system can share blocks
     std::uint64_t bytesWritten = 0;
     std::string leftBehind; ///< path of the old folder where it could not be removed whole; else empty
+    PackageStamp stamp;     ///< of the new folder, before anybody else could write to it
 };
 
 /// Reads the folder at `path`, which may be a symbolic link to it, with all folders below it. The folders are
@@ -35,10 +37,12 @@ Expected<FileWrapper, DiskFailure> readFolder(const std::string& path,
 /// the process is killed at any time, the old folder is as it was. Files whose bytes come unchanged from the
 /// old folder are linked, not written. Files and folders that exist keep their modes. Nodes without contents
 /// are passed over. After a success all bytes know the file that holds them now. What killed saves of the
-/// same package left behind is removed.
+/// same package left behind is removed. Where `known` is given, an old folder is replaced only as long as it
+/// has that stamp, up to the step that replaces it: otherwise it stays and the save fails with ESTALE.
 Expected<SaveReport, DiskFailure> writeFolder(const FileWrapper& tree, const std::string& path,
                                               FileSystem& fileSystem = systemFileSystem(),
-                                              Existing existing = Existing::replace);
+                                              Existing existing = Existing::replace,
+                                              const PackageStamp* known = nullptr);
 
 /// Puts a package back that a killed save had moved aside, where nothing stands at `path`; returns whether
 /// there was one. Only file systems that cannot exchange two folders in one step ever need it.

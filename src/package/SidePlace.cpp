@@ -32,10 +32,8 @@ std::string sideStem(const std::string& name) {
 }
 
 std::string sidePrefix(const std::string& name, SideKind kind) {
-    std::string prefix(1, '.');
-    prefix += sideStem(name);
-    prefix += kind == SideKind::work ? ".quillon-save-" : ".quillon-aside-";
-    return prefix;
+    constexpr std::string_view marks[] = {".quillon-save-", ".quillon-aside-", ".quillon-kept-"};
+    return "." + sideStem(name) + std::string(marks[static_cast<std::size_t>(kind)]);
 }
 
 bool isSide(const FolderEntry& entry, const std::string& prefix) {

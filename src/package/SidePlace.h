@@ -20,6 +20,7 @@ struct PackagePlace {
 enum class SideKind {
     work,  ///< a new folder that is being built, or an old one that is being removed
     aside, ///< the old package, whole, while the new one takes its place
+    kept,  ///< what another program wrote during a save and could not be put back; never removed
 };
 
 /// Finds the place of `path`; symbolic links in it are followed. Fails where its parent folder cannot be

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
 
 namespace quillon::test {
 
@@ -18,10 +19,15 @@ TEST_F(DiskFollowingTest, anUneditedDocumentFollowsItsFolder) {
     const std::string package = writePackage("Trip");
     DocumentSession* session = open(package);
     ASSERT_TRUE(session);
+    const auto picture = [&] {
+        return session->store().document().assets->at("images/a.jpg").view().data();
+    };
+    const char* before = picture();
     for (const char* next : {"Second", "Third"}) {
         rewrite(package, next);
         ASSERT_TRUE(wait([&] { return title(*session) == next; })) << next;
         EXPECT_FALSE(session->store().isEdited());
+        EXPECT_EQ(picture(), before) << "what did not change is not kept twice";
     }
     m_folder.write("Trip/images/a.jpg", "another picture");
     ASSERT_TRUE(wait(
@@ -47,6 +53,51 @@ TEST_F(DiskFollowingTest, whatNobodyHeardIsFoundWhenTheWindowIsUsedAgain) {
     EXPECT_TRUE(wait([&] { return picture() == "picture, retouched"; }));
 }
 
+/// Another picture with the size and the time of the one before.
+TEST_F(DiskFollowingTest, aChangeThatHidesBehindItsTimeIsFoundAndALinkIsNone) {
+    const std::string package = writePackage("Trip");
+    DocumentSession* session = open(package);
+    ASSERT_TRUE(session);
+    const auto hide = [&](const char* contents) {
+        const auto time = fs::last_write_time(path("Trip/images/a.jpg"));
+        m_folder.write("Trip/images/a.jpg", contents);
+        fs::last_write_time(path("Trip/images/a.jpg"), time);
+    };
+    const auto picture = [&] {
+        return session->store().document().assets->at("images/a.jpg").view();
+    };
+    const auto knowsDisk = [&] {
+        const auto* here = std::get_if<file::AtPath>(&session->store().fileState());
+        return here && here->stamp->changeTimes == packageStamp(package)->changeTimes;
+    };
+    const auto look = [&] {
+        Q_EMIT session->window().activated();
+    };
+    hide("PICTURE");
+    look();
+    ASSERT_TRUE(wait([&] { return picture() == "PICTURE"; }));
+
+    setTitle(*session, "Mine");
+    fs::create_directory(path("backup"));
+    for (const char* file : {"article.json", "images/a.jpg"}) {
+        fs::create_hard_link(package + "/" + file, path("backup/") + fs::path(file).filename().native());
+    }
+    EXPECT_FALSE(knowsDisk());
+    look();
+    EXPECT_TRUE(wait(knowsDisk));
+    EXPECT_TRUE(hasNotice(*session, ""));
+
+    session->save();
+    ASSERT_TRUE(wait([&] { return !session->store().isEdited(); }));
+    EXPECT_TRUE(knowsDisk()) << "our own links are no reason to look closer";
+    setTitle(*session, "Mine, again");
+    hide("hidden.");
+    session->save();
+    EXPECT_TRUE(answer(session->window(), "conflictQuestion", "Cancel"));
+    look();
+    EXPECT_TRUE(hasNotice(*session, changedNotice));
+}
+
 TEST_F(DiskFollowingTest, aBrokenArticleIsNotTakenOver) {
     const std::string package = writePackage("Trip");
     DocumentSession* session = open(package);
@@ -57,6 +108,35 @@ TEST_F(DiskFollowingTest, aBrokenArticleIsNotTakenOver) {
     rewrite(package, "Whole again");
     ASSERT_TRUE(wait([&] { return title(*session) == "Whole again"; }));
     EXPECT_TRUE(hasNotice(*session, ""));
+}
+
+/// No edit of its own, but no folder holds it any more.
+TEST_F(DiskFollowingTest, aDocumentWhoseFolderWasBrokenIsNotLetGo) {
+    using Break = std::function<void()>;
+    const Break ways[] = {[&] { m_folder.write("Trip/article.json", "{ half"); },
+                          [&] {
+                              fs::remove(path("Trip/article.json"));
+                          }};
+    for (const Break& breakFolder : ways) {
+        const std::string package = writePackage("Trip");
+        DocumentSession* session = open(package);
+        ASSERT_TRUE(session);
+        breakFolder();
+        ASSERT_TRUE(wait([&] { return session->store().isEdited(); }));
+        EXPECT_TRUE(wait([&] { return recoveryCopies() == 1; }));
+        ASSERT_TRUE(hasNotice(*session, changedNotice));
+        pressNotice(*session, "Keep Mine");
+        rewrite(package, "Theirs");
+        ASSERT_TRUE(hasNotice(*session, changedNotice)) << "what was kept is not replaced without a word";
+        EXPECT_EQ(title(*session), "First");
+        session->window().close();
+        ASSERT_TRUE(answer(session->window(), "closeQuestion", "Cancel"));
+        pressNotice(*session, "Reload");
+        ASSERT_TRUE(wait([&] { return title(*session) == "Theirs" && !session->store().isEdited(); }));
+        EXPECT_TRUE(wait([&] { return recoveryCopies() == 0; }));
+        session->closeForGood();
+        ASSERT_TRUE(hasSessions(0));
+    }
 }
 
 TEST_F(DiskFollowingTest, theUserDecidesAboutAnEditedDocument) {

@@ -28,8 +28,8 @@ public:
         m_base.after(seconds, std::move(action));
     }
     void inBackground(Lane lane, std::function<std::function<void()>()> work) override {
-        if (lane == Lane::disk && m_isHeld) {
-            m_held.push_back(std::move(work));
+        if (lane != Lane::pages && m_isHeld) {
+            m_held.emplace_back(lane, std::move(work));
         } else {
             m_base.inBackground(lane, std::move(work));
         }
@@ -38,15 +38,15 @@ public:
     void hold() { m_isHeld = true; }
     void release() {
         m_isHeld = false;
-        for (auto& work : std::exchange(m_held, {})) {
-            m_base.inBackground(Lane::disk, std::move(work));
+        for (auto& [lane, work] : std::exchange(m_held, {})) {
+            m_base.inBackground(lane, std::move(work));
         }
     }
 
 private:
     QtScheduler m_base;
     bool m_isHeld = false;
-    std::vector<std::function<std::function<void()>()>> m_held;
+    std::vector<std::pair<Lane, std::function<std::function<void()>()>>> m_held;
 };
 
 /// The program's documents with a folder, settings and recovery copies of their own.

@@ -6,15 +6,18 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <memory>
 #include <semaphore>
 
 namespace quillon::test {
 
 namespace {
 
+constexpr Lane lanes[] = {Lane::pages, Lane::reads, Lane::saves, Lane::recovery};
+
 TEST(QtSchedulerTest, workRunsElsewhereAndItsActionHere) {
     QtScheduler scheduler;
-    for (const Lane lane : {Lane::pages, Lane::disk}) {
+    for (const Lane lane : lanes) {
         QThread* worked = nullptr;
         QThread* acted = nullptr;
         scheduler.inBackground(lane, [&] {
@@ -30,21 +33,48 @@ TEST(QtSchedulerTest, workRunsElsewhereAndItsActionHere) {
     }
 }
 
-TEST(QtSchedulerTest, aHangingDiskHoldsUpNoPage) {
-    QtScheduler scheduler;
-    std::binary_semaphore disk(0);
-    scheduler.inBackground(Lane::disk, [&] {
-        disk.acquire();
-        return std::function<void()>();
-    });
-    bool hasPage = false;
-    scheduler.inBackground(Lane::pages, [&] {
-        return [&] {
-            hasPage = true;
-        };
-    });
-    EXPECT_TRUE(QTest::qWaitFor([&] { return hasPage; }));
-    disk.release();
+TEST(QtSchedulerTest, noLaneWaitsForAnother) {
+    for (const Lane stuck : lanes) {
+        QtScheduler scheduler;
+        constexpr int most = 20;
+        std::counting_semaphore<most> disk(0);
+        for (int job = 0; job < most; ++job) {
+            scheduler.inBackground(stuck, [&] {
+                disk.acquire();
+                return std::function<void()>();
+            });
+        }
+        int others = 0;
+        for (const Lane lane : lanes) {
+            if (lane != stuck) {
+                scheduler.inBackground(lane, [&] {
+                    return [&] {
+                        ++others;
+                    };
+                });
+            }
+        }
+        EXPECT_TRUE(QTest::qWaitFor([&] { return others == 3; })) << static_cast<int>(stuck);
+        disk.release(most);
+    }
+}
+
+TEST(QtSchedulerTest, itsEndWaitsForNoReadThatHangs) {
+    const auto disk = std::make_shared<std::binary_semaphore>(0);
+    const auto isDone = std::make_shared<std::atomic<bool>>(false);
+    {
+        QtScheduler scheduler;
+        scheduler.inBackground(Lane::reads, [disk, isDone] {
+            disk->acquire();
+            return [isDone] {
+                *isDone = true;
+            };
+        });
+        QTest::qWait(50);
+    }
+    disk->release();
+    QTest::qWait(50);
+    EXPECT_FALSE(*isDone) << "the action has nowhere to go";
 }
 
 TEST(QtSchedulerTest, actionsComeNotBeforeTheirTimeAndNeverWithinTheCall) {
@@ -59,13 +89,13 @@ TEST(QtSchedulerTest, actionsComeNotBeforeTheirTimeAndNeverWithinTheCall) {
     EXPECT_GE(came - asked, 0.03);
 }
 
-TEST(QtSchedulerTest, itsEndWaitsForWorkOnDiskAndDropsActions) {
+TEST(QtSchedulerTest, itsEndWaitsForWritesAndDropsActions) {
     std::atomic<int> done = 0;
     bool hasActed = false;
     {
         QtScheduler scheduler;
         for (int job = 0; job < 40; ++job) {
-            scheduler.inBackground(Lane::disk, [&] {
+            scheduler.inBackground(job % 2 ? Lane::saves : Lane::recovery, [&] {
                 QThread::msleep(1);
                 ++done;
                 return [&] {

@@ -218,6 +218,75 @@ TEST_F(RecoveryTest, discardedCopiesGoAndPostponedOnesAreOfferedAgain) {
     EXPECT_TRUE(hasSessions(1));
 }
 
+TEST_F(RecoveryTest, ofTwoCopiesOfOnePackageTheLatestEndsOnTop) {
+    const std::string package = writePackage("Trip");
+    for (const char* text : {"Older", "Newer"}) {
+        DocumentSession* session = open(package);
+        ASSERT_TRUE(session);
+        if (text == std::string("Newer")) {
+            ASSERT_TRUE(answer(session->window(), "leftCopyQuestion", "Decide Later"));
+        }
+        setTitle(*session, text);
+        ASSERT_TRUE(wait([&] { return recoveryCopies() == (text == std::string("Older") ? 1U : 2U); }));
+        restart();
+    }
+    RecoveryOffer* offer = startWithOffer();
+    ASSERT_TRUE(offer);
+    press(*offer, "Recover");
+    ASSERT_TRUE(hasSessions(1));
+    DocumentSession* session = sessionAt(package);
+    ASSERT_TRUE(session);
+    ASSERT_TRUE(wait([&] { return session->store().canUndo(); }));
+    EXPECT_EQ(title(*session), "Newer");
+    EXPECT_TRUE(wait([&] { return recoveryCopies() == 1; }));
+    session->store().undo();
+    EXPECT_EQ(title(*session), "Older");
+}
+
+TEST_F(RecoveryTest, aLeftCopyStaysUntilAnotherHoldsWhatItHeld) {
+    const std::string package = writePackage("Trip");
+    setTitle(*open(package), "Edited");
+    ASSERT_TRUE(wait([&] { return recoveryCopies() == 1; }));
+    restart();
+    DocumentSession* session = open(package);
+    ASSERT_TRUE(session && question(session->window(), "leftCopyQuestion"));
+    fs::rename(path("state/recovery"), path("state/moved"));
+    m_folder.write("state/recovery", "no folder");
+    ASSERT_TRUE(answer(session->window(), "leftCopyQuestion", "Recover"));
+    EXPECT_EQ(title(*session), "Edited");
+    fs::remove(path("state/recovery"));
+    fs::rename(path("state/moved"), path("state/recovery"));
+    EXPECT_EQ(recoveryCopies(), 1U);
+}
+
+TEST_F(RecoveryTest, aFolderThatWasAwayGivesItsPicturesWhenItIsBack) {
+    const std::string package = writePackage("Trip");
+    setTitle(*open(package), "Edited");
+    ASSERT_TRUE(wait([&] { return recoveryCopies() == 1; }));
+    restart();
+    fs::rename(package, path("Away"));
+    RecoveryOffer* offer = startWithOffer();
+    ASSERT_TRUE(offer);
+    press(*offer, "Recover");
+    ASSERT_TRUE(hasSessions(1));
+    DocumentSession* session = sessionAt(package);
+    ASSERT_TRUE(session && answer(session->window(), "failure", "OK"));
+
+    fs::rename(path("Away"), package);
+    const auto before = snapshot(package);
+    ASSERT_TRUE(wait([&] { return session->store().document().assets->size() == 2; }));
+    EXPECT_EQ(title(*session), "Edited");
+    session->store().undo();
+    session->save();
+    ASSERT_TRUE(answer(session->window(), "refusal", "Cancel"));
+    EXPECT_EQ(snapshot(package), before);
+    session->store().redo();
+    session->save();
+    ASSERT_TRUE(answer(session->window(), "conflictQuestion", "Save Anyway"));
+    ASSERT_TRUE(wait([&] { return titleOnDisk(package) == "Edited"; }));
+    EXPECT_EQ(snapshot(package).at("images/a.jpg"), before.at("images/a.jpg"));
+}
+
 /// What became of the package since the crash, and what the recovered document makes of it.
 TEST_F(RecoveryTest, thePackageMayHaveChangedMeanwhile) {
     const struct {

@@ -106,6 +106,34 @@ TEST_F(SavingTest, aConflictIsSettledByTheUser) {
     }
 }
 
+/// The package was moved away and something else put in its place.
+TEST_F(SavingTest, aConflictNamesWhatWouldGoAndRemovesNoFolderThatIsNoArticle) {
+    const std::string package = writePackage("Trip");
+    DocumentSession* session = open(package);
+    ASSERT_TRUE(session);
+    setTitle(*session, "Mine");
+    fs::rename(package, path("Elsewhere"));
+    m_folder.write("Trip/holiday.jpg", "theirs");
+    m_folder.write("Trip/images/a.jpg", "theirs, too");
+    const auto before = snapshot(package);
+    session->save();
+    ASSERT_TRUE(answer(session->window(), "refusal", "Cancel"));
+    EXPECT_EQ(snapshot(package), before);
+
+    rewrite(package, "Theirs");
+    session->save();
+    QMessageBox* box = question(session->window(), "conflictQuestion");
+    ASSERT_TRUE(box);
+    EXPECT_TRUE(box->informativeText().contains("1 file")) << box->informativeText().toStdString();
+    m_folder.write("Trip/later.jpg", "while the question stood");
+    answer(box, "Save Anyway");
+    ASSERT_TRUE(box = question(session->window(), "conflictQuestion")) << "asks anew";
+    EXPECT_TRUE(box->informativeText().contains("2 files")) << box->informativeText().toStdString();
+    answer(box, "Save Anyway");
+    ASSERT_TRUE(wait([&] { return !session->store().isEdited(); }));
+    EXPECT_EQ(snapshot(package).size(), 5U);
+}
+
 TEST_F(SavingTest, aFailureKeepsTheChangesAndNamesAWayOut) {
     m_folder.write("shelf/x", "");
     const std::string package = writePackage("shelf/Trip");

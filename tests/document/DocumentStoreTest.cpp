@@ -168,6 +168,50 @@ TEST_F(DocumentStoreTest, looksAtTheDiskLeadFromStateToState) {
     }
 }
 
+TEST_F(DocumentStoreTest, aRefusedFolderMakesTheDocumentCountAsEditedUntilTheyAgree) {
+    DocumentStore store(titled("first"), file::AtPath{"/Story", stamp(1)}, [] { return 0.0; });
+    store.refuseDisk();
+    EXPECT_FALSE(store.isEdited()) << "there was nothing to refuse";
+    const auto refuse = [&] {
+        store.noteDisk(stamp(2));
+        store.refuseDisk();
+        store.noteDisk(stamp(3));
+        EXPECT_TRUE(store.isEdited());
+        EXPECT_FALSE(store.hasOwnChanges());
+    };
+    refuse();
+    store.beginSaving("/Story");
+    EXPECT_TRUE(store.isEdited());
+    store.abandonSaving();
+    EXPECT_TRUE(store.isEdited());
+    store.noteDisk(stamp(1));
+    EXPECT_FALSE(store.isEdited()) << "it is as it was";
+    refuse();
+    store.beginSaving("/Story");
+    store.finishSaving(stamp(4));
+    EXPECT_FALSE(store.isEdited());
+}
+
+/// A folder that was away when its document was recovered never agrees with it, not even empty.
+TEST_F(DocumentStoreTest, assetsThatComeBackAreAStepOfTheirOwn) {
+    DocumentStore store(
+        titled("mine"), file::Gone{"/Story", PackageStamp(), true}, [] { return 0.0; }, titled(""));
+    store.noteDisk(PackageStamp());
+    store.noteDisk(stamp(2));
+    EXPECT_EQ(store.fileState(),
+              FileState(file::ChangedOnDisk{.path = "/Story", .stamp = {}, .lacksAssets = true}));
+    ArticleFileDocument theirs = titled("theirs");
+    theirs.assets = Assets{{"a.png", Bytes("picture")}};
+    store.takeAssets(theirs, "Take Files");
+    store.takeAssets(theirs, "Take Files");
+    EXPECT_EQ(store.article().title, "mine");
+    EXPECT_EQ(store.document().assets, theirs.assets);
+    EXPECT_EQ(store.undoTitle(), "Undo Take Files");
+    store.undo();
+    EXPECT_TRUE(store.document().assets->empty());
+    EXPECT_FALSE(store.canUndo());
+}
+
 TEST_F(DocumentStoreTest, takingOverFromDiskIsAStepThatKeepsTheSelection) {
     ArticleFileDocument first = titled("first");
     first.article.components = {Component{}, Component{}};

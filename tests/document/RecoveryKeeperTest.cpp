@@ -117,13 +117,13 @@ TEST_F(RecoveryKeeperTest, editsDuringAWriteCauseAnother) {
     makeKeeper(m_copies.newCopy());
     edit("one");
     m_scheduler.advance(1);
-    ASSERT_EQ(m_scheduler.waitingWork(Lane::disk), 1U);
+    ASSERT_EQ(m_scheduler.waitingWork(Lane::recovery), 1U);
     edit("two");
     m_scheduler.advance(1);
     edit("three");
     m_scheduler.advance(1);
-    ASSERT_EQ(m_scheduler.waitingWork(Lane::disk), 1U); // one at a time
-    m_scheduler.work(Lane::disk);
+    ASSERT_EQ(m_scheduler.waitingWork(Lane::recovery), 1U); // one at a time
+    m_scheduler.work(Lane::recovery);
     EXPECT_EQ(afterCrash(), "one of /Story");
     m_scheduler.settle();
     EXPECT_EQ(afterCrash(), "three of /Story");
@@ -184,6 +184,18 @@ TEST_F(RecoveryKeeperTest, flushWritesAtOnceAndIsNotOvertakenByAnOlderWrite) {
     EXPECT_FALSE(hasCopy());
 }
 
+TEST_F(RecoveryKeeperTest, flushTellsWhetherTheCopyHoldsTheArticle) {
+    makeKeeper(m_copies.newCopy());
+    EXPECT_TRUE(m_keeper->flush()) << "there is nothing to hold";
+    std::ofstream(m_folder) << "a file in the way";
+    edit("one");
+    EXPECT_FALSE(m_keeper->flush());
+    EXPECT_FALSE(m_keeper->flush()) << "still not";
+    fs::remove(m_folder);
+    EXPECT_TRUE(m_keeper->flush());
+    EXPECT_EQ(afterCrash(), "one of /Story");
+}
+
 TEST_F(RecoveryKeeperTest, closingRemovesTheCopyForGood) {
     for (const bool isWriting : {false, true}) {
         makeKeeper(m_copies.newCopy());
@@ -212,7 +224,7 @@ TEST_F(RecoveryKeeperTest, withoutTheKeeperNothingRunsAndTheCopyStays) {
     edit("four");
     pass(40);
     EXPECT_THAT(m_told, IsEmpty());
-    EXPECT_EQ(m_scheduler.waitingWork(Lane::disk), 0U);
+    EXPECT_EQ(m_scheduler.waitingWork(Lane::recovery), 0U);
     EXPECT_EQ(afterCrash(), "two of /Story"); // the write that was on its way
     EXPECT_THAT(m_copies.leftCopies(), SizeIs(1));
 }

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <utility>
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
@@ -61,6 +62,25 @@ public:
     std::string package() const { return m_scratch.path("Story"); }
     const FileWrapper& tree() const { return m_tree; }
     std::size_t unchangedFiles() const { return m_isExisting ? 2 : 0; }
+
+    /// What another program does to the package while it is saved; false where it finds none.
+    bool intrude() const {
+        const bool isThere = fs::exists(package());
+        if (isThere) {
+            m_scratch.write("Story/theirs", "another program's");
+        }
+        return isThere;
+    }
+    /// Where the other program's file stands, from the folder around the package.
+    std::set<std::string> intrusions() const {
+        std::set<std::string> found;
+        for (const auto& [path, contents] : snapshot(m_scratch.path())) {
+            if (contents == "another program's") {
+                found.insert(path);
+            }
+        }
+        return found;
+    }
 
     bool isAsBefore() const { return snapshotWithModes(package()) == m_before; }
     /// A package that was moved aside comes back one day, so it must never be in pieces.
@@ -151,6 +171,68 @@ bool saveWithFault(const Variant& variant, const FaultPlan& plan) {
     EXPECT_TRUE(again && again->filesLinked >= scene.unchangedFiles());
     EXPECT_TRUE(scene.isSaved() && scene.isTidy());
     return faulty.hasStruck();
+}
+
+/// Whatever the moment at which another program writes, its file is in the package afterwards, and the save
+/// does not claim to know it.
+TEST(SaveFaults, WhatAnotherProgramWritesDuringASaveStays) {
+    for (const Variant& variant : {variants[0], variants[1], variants[3]}) {
+        SCOPED_TRACE(variant.name);
+        std::size_t steps = 1;
+        for (std::size_t moment = 1; moment <= steps; ++moment) {
+            SCOPED_TRACE("step " + std::to_string(moment));
+            SaveScene scene(variant.start);
+            const PackageStamp known = *packageStamp(scene.package());
+            steps = 0;
+            std::set<std::string> expected;
+            FaultPlan plan = variant.plan;
+            plan.before = [&](std::string_view) {
+                if (++steps == moment && scene.intrude()) {
+                    expected.insert("Story/theirs");
+                }
+            };
+            FaultyFileSystem busy(plan);
+            const auto report = writeFolder(scene.tree(), scene.package(), busy, Existing::replace, &known);
+            EXPECT_EQ(scene.intrusions(), expected);
+            EXPECT_TRUE(!expected.empty() || report);
+            EXPECT_TRUE(scene.isTidy());
+            if (report) {
+                EXPECT_FALSE(report->stamp.files.contains("theirs"));
+                EXPECT_EQ(report->stamp == *packageStamp(scene.package()), expected.empty());
+            } else {
+                EXPECT_EQ(report.error().errorNumber, ESTALE);
+            }
+        }
+        EXPECT_GT(steps, 20U);
+    }
+}
+
+TEST(SaveFaults, WhatAnotherProgramWroteSurvivesAFailureInTheMiddleAndTheNextSave) {
+    for (const Variant& variant : {variants[0], variants[1]}) {
+        SCOPED_TRACE(variant.name);
+        FaultPlan plan = variant.plan;
+        plan.kind = FaultKind::one;
+        plan.errorNumber = EIO;
+        bool hasStruck = true;
+        while (hasStruck && !testing::Test::HasFailure()) {
+            ++plan.step;
+            SaveScene scene(variant.start);
+            const PackageStamp known = *packageStamp(scene.package());
+            plan.before = [&, isDone = false](std::string_view step) mutable {
+                if (step == "rename" && !std::exchange(isDone, true)) {
+                    scene.intrude();
+                }
+            };
+            FaultyFileSystem faulty(plan);
+            const auto report = writeFolder(scene.tree(), scene.package(), faulty, Existing::replace, &known);
+            hasStruck = faulty.hasStruck();
+            SCOPED_TRACE(faulty.struckOperation() + " at step " + std::to_string(plan.step));
+            EXPECT_FALSE(report);
+            // Tidies up, and changes nothing else.
+            EXPECT_FALSE(writeFolder(scene.tree(), scene.package(), systemFileSystem(), Existing::refuse));
+            EXPECT_TRUE((hasStruck && scene.isAsBefore()) || scene.intrusions().size() == 1);
+        }
+    }
 }
 
 struct Fault {

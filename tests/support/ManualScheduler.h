@@ -69,7 +69,8 @@ public:
 
     /// Does all work of all lanes and runs all answers, also those that come up on the way. No time passes.
     void settle() {
-        while (work(Lane::pages) || work(Lane::disk) || deliver()) {
+        while (work(Lane::pages) || work(Lane::reads) || work(Lane::saves) || work(Lane::recovery) ||
+               deliver()) {
         }
     }
 

@@ -17,7 +17,11 @@ namespace quillon {
 struct PackageStamp {
     std::map<std::string, FileIdentity> files; ///< by path within the package, folders left out
 
-    bool operator==(const PackageStamp&) const = default;
+    /// When the system last noted a change of each file, in nanoseconds since 1970. It moves with every link
+    /// that is made or removed, so that it takes no part in equality; but nobody can set it back.
+    std::map<std::string, std::int64_t> changeTimes = {};
+
+    bool operator==(const PackageStamp& other) const { return files == other.files; }
 
     /// A number that stands for the whole, to be kept in a file; equal stamps have equal numbers.
     std::uint64_t mark() const;
@@ -27,5 +31,9 @@ struct PackageStamp {
 /// below it. Costs one look at every file.
 Expected<PackageStamp, DiskFailure> packageStamp(const std::string& path,
                                                  FileSystem& fileSystem = systemFileSystem());
+
+/// The same of an open folder, which failures name as `path`.
+Expected<PackageStamp, DiskFailure> packageStamp(FileDescriptor folder, const std::string& path,
+                                                 FileSystem& fileSystem);
 
 } // namespace quillon

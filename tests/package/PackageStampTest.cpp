@@ -1,4 +1,4 @@
-#include "document/PackageStamp.h"
+#include "package/PackageStamp.h"
 
 #include "package/PackageFolder.h"
 #include "package/SidePlace.h"

@@ -1,4 +1,4 @@
-#include "document/PackageStamp.h"
+#include "package/PackageStamp.h"
 
 #include "base/FolderCursor.h"
 
@@ -41,7 +41,7 @@ public:
             result = step();
         }
         if (!result) {
-            return unexpected(diskFailure(m_path + "/" + m_below, result.error()));
+            return unexpected(diskFailure(m_below.empty() ? m_path : m_path + "/" + m_below, result.error()));
         }
         return std::move(m_stamp);
     }
@@ -67,7 +67,9 @@ private:
                 const SystemResult<NodeStatus> status = m_fileSystem.statusAt(m_cursor.folder(), entry.name);
                 if (status) {
                     m_stamp.files.emplace(m_below + entry.name, status->identity);
+                    m_stamp.changeTimes.emplace(m_below + entry.name, status->changed);
                 } else if (status.error() != ENOENT) { // gone since it was listed
+                    m_below += entry.name;
                     return unexpected(status.error());
                 }
             }
@@ -85,17 +87,19 @@ private:
         }
         const std::string name = std::move(level.folders.back());
         level.folders.pop_back();
+        m_below += name;
         if (const SystemResult<void> entered = m_cursor.enter(name); !entered) {
             return entered.error() == ENOENT ? SystemResult<void>() : entered;
         }
-        m_below += name + "/";
+        m_below += "/";
         return look();
     }
 
     FileSystem& m_fileSystem;
     std::string m_path;
     FolderCursor m_cursor;
-    std::string m_below; ///< the way from the root to the cursor's folder, with a "/" at its end
+    std::string m_below; ///< the way from the root to the cursor's folder, with a "/" at its end; after a
+                         ///< failure to what failed
     std::vector<Level> m_levels;
     PackageStamp m_stamp;
 };
@@ -123,7 +127,12 @@ Expected<PackageStamp, DiskFailure> packageStamp(const std::string& path, FileSy
     if (!root) {
         return unexpected(diskFailure(path, root.error()));
     }
-    return StampTaker(fileSystem, path, std::move(*root)).take();
+    return packageStamp(std::move(*root), path, fileSystem);
+}
+
+Expected<PackageStamp, DiskFailure> packageStamp(FileDescriptor folder, const std::string& path,
+                                                 FileSystem& fileSystem) {
+    return StampTaker(fileSystem, path, std::move(folder)).take();
 }
 
 } // namespace quillon
