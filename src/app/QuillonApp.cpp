@@ -35,6 +35,11 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments) {
     bool areAllPackages = false;
     for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
         const bool isOption = !areAllPackages && argument->size() > 1 && argument->front() == '-';
+        if (argument->empty()) {
+            line.answer = std::string("quillon: the name of a package is empty\n") + usage;
+            line.isWrong = true;
+            return line;
+        }
         if (!isOption) {
             line.packages.push_back(*argument);
         } else if (*argument == "--") {

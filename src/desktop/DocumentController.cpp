@@ -189,7 +189,7 @@ void DocumentController::finishOpening(DocumentOpening* opening, OpeningResult r
     endOpening(opening);
     if (!result) {
         tell(asker, QStringLiteral("Could Not Open Article"),
-             QString::fromStdString(result.error().message(path)) + QLatin1Char('.'));
+             QString::fromStdString(result.error().message(path) + ".\n" + openAdvice(result.error())));
         m_recents.look();
         return;
     }

@@ -14,6 +14,7 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
+#include <cerrno>
 #include <chrono>
 #include <utility>
 
@@ -28,7 +29,8 @@ class ProgressWindow : public QDialog {
 public:
     ProgressWindow(const std::string& path, std::shared_ptr<const ReadProgress> progress)
         : m_progress(std::move(progress)) {
-        const QString text = QStringLiteral("Opening “%1”…").arg(shownFolderName(path));
+        const QString text =
+            QStringLiteral("Opening “%1”…").arg(path == "/" ? shownPath(path) : shownFolderName(path));
         setObjectName(QStringLiteral("openingWindow"));
         setAccessibleName(text);
         setWindowTitle(text);
@@ -68,11 +70,24 @@ std::optional<LeftRecoveryCopy> leftCopyOf(const std::string& path, const Recove
     return std::nullopt;
 }
 
+/// Whether a folder stands there that is no package: then nobody needs to walk through all it holds.
+bool lacksArticle(const std::string& path, FileSystem& files) {
+    const auto root = files.openRoot(path);
+    if (!root) {
+        return false;
+    }
+    const auto article = files.statusAt(root->number(), std::string(articleFileName));
+    return !article && article.error() == ENOENT;
+}
+
 } // namespace
 
 OpeningResult readForOpening(const std::string& path, const std::string& shownPath,
                              const RecoveryStore& recovery, ReadProgress& progress) {
     ProgressFileSystem files(systemFileSystem(), progress);
+    if (lacksArticle(path, files)) {
+        return unexpected(PackageFailure{PackageFailure::Code::fileReadNoSuchFile});
+    }
     // First the stamp: what is written while the package is read shows as a change later.
     auto stamp = packageStamp(path, files);
     auto document = openPackage(shownPath, files);
@@ -81,6 +96,19 @@ OpeningResult readForOpening(const std::string& path, const std::string& shownPa
     }
     return OpenedPackage{path, std::move(stamp).value_or(PackageStamp{}), std::move(*document),
                          leftCopyOf(path, recovery)};
+}
+
+std::string openAdvice(const PackageFailure& failure) {
+    if (std::holds_alternative<PackageFailure::Code>(failure.cause)) {
+        return "An article is a folder with the file article.json in it: choose that folder.";
+    }
+    if (!std::holds_alternative<DiskFailure>(failure.cause)) {
+        return "Correct this spot in a text editor, or open another copy of the article.";
+    }
+    const int error = std::get<DiskFailure>(failure.cause).errorNumber;
+    return error == EACCES || error == EPERM
+               ? "Ask whoever owns the file for permission to read it, or open another copy of the article."
+               : "Open it once more, or open another copy of the article.";
 }
 
 DocumentOpening::DocumentOpening(std::string path, Scheduler& scheduler, const RecoveryStore& recovery)

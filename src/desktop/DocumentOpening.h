@@ -34,6 +34,9 @@ using OpeningResult = Expected<OpenedPackage, PackageFailure>;
 OpeningResult readForOpening(const std::string& path, const std::string& shownPath,
                              const RecoveryStore& recovery, ReadProgress& progress);
 
+/// What the user can do about a package that could not be opened, in one sentence.
+std::string openAdvice(const PackageFailure& failure);
+
 /// One package on its way from the disk into a window. It shows a small window when that takes long.
 class DocumentOpening : public QObject {
     Q_OBJECT

@@ -40,9 +40,9 @@ DocumentSession::DocumentSession(const DocumentServices& services, std::unique_p
         .saveAs = [this] { saveAs(); },
     });
     m_keeper->onFailure = [this](const std::optional<DiskFailure>& failure) {
-        m_window->showStatus(failure ? QStringLiteral("No recovery copy can be kept: ") +
-                                           QString::fromStdString(failure->message)
-                                     : QString());
+        m_window->showWarning(failure ? QStringLiteral("No recovery copy can be kept: ") +
+                                            QString::fromStdString(failure->message)
+                                      : QString());
     };
     connectWindow();
     m_window->setRecentDocuments(services.recents.documents());
@@ -121,7 +121,9 @@ void DocumentSession::askToSave(const std::function<void(bool)>& done) {
         {.name = QStringLiteral("closeQuestion"),
          .text = QStringLiteral("Do you want to save the changes made to “%1”?")
                      .arg(shownTitle(m_store->article().title)),
-         .detail = QStringLiteral("Your changes are lost if you don’t save them."),
+         .detail = (m_store->path() ? shownPath(*m_store->path()) + QStringLiteral(": your")
+                                    : QStringLiteral("Your")) +
+                   QStringLiteral(" changes are lost if you don’t save them."),
          .answers = {{QStringLiteral("Save"), QMessageBox::AcceptRole, m_alive(save)},
                      {QStringLiteral("Don’t Save"), QMessageBox::DestructiveRole, m_alive(giveUp)},
                      {QStringLiteral("Cancel"), QMessageBox::RejectRole,

@@ -88,6 +88,7 @@ struct DocumentWindow::Parts {
     QMenu* recent = nullptr;
     QWidget* notice = nullptr;
     QLabel* noticeText = nullptr;
+    QLabel* warning = nullptr;
     QHBoxLayout* noticeButtons = nullptr;
     Subscription subscription;
 };
@@ -107,6 +108,10 @@ DocumentWindow::DocumentWindow(DocumentStore& store, const MakeEditor& makeEdito
     statusBar()->setObjectName(QStringLiteral("statusBar"));
     statusBar()->setAccessibleName(QStringLiteral("Status"));
     statusBar()->setSizeGripEnabled(false);
+    m_parts->warning = new QLabel(statusBar());
+    m_parts->warning->setObjectName(QStringLiteral("warning"));
+    m_parts->warning->setTextFormat(Qt::PlainText);
+    statusBar()->addPermanentWidget(m_parts->warning, 1);
     statusBar()->hide();
     buildMenus();
     m_parts->subscription = store.observe([this](const StoreChange&) { showState(); });
@@ -218,7 +223,13 @@ void DocumentWindow::hideNotice() {
 
 void DocumentWindow::showStatus(const QString& text) {
     statusBar()->showMessage(text);
-    statusBar()->setVisible(!text.isEmpty());
+    statusBar()->setVisible(!text.isEmpty() || !m_parts->warning->text().isEmpty());
+}
+
+void DocumentWindow::showWarning(const QString& text) {
+    m_parts->warning->setText(text);
+    m_parts->warning->setAccessibleName(text);
+    showStatus(statusBar()->currentMessage());
 }
 
 void DocumentWindow::bringForward() {

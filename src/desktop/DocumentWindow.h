@@ -41,6 +41,8 @@ public:
 
     /// A quiet line at the bottom; an empty one takes it away.
     void showStatus(const QString& text);
+    /// The same beside it, for what lasts.
+    void showWarning(const QString& text);
 
     /// To the front, out of the dock if need be.
     void bringForward();

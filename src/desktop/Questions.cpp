@@ -1,8 +1,10 @@
 #include "desktop/Questions.h"
 
 #include <QAbstractButton>
+#include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QSpacerItem>
 
 #include <utility>
 
@@ -15,6 +17,28 @@ void showTextsAsTheyAre(QMessageBox& box) {
     box.setTextFormat(Qt::PlainText);
     for (QLabel* label : box.findChildren<QLabel*>()) {
         label->setTextFormat(Qt::PlainText);
+    }
+}
+
+/// Gives each answer a key of its own, that of the first word which has one left.
+QString withKey(const QString& text, QString& taken) {
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const QChar letter = text[at].toLower();
+        const bool beginsWord = at == 0 || !text[at - 1].isLetter();
+        if (beginsWord && letter.isLetter() && !taken.contains(letter)) {
+            taken += letter;
+            return QString(text).insert(at, QLatin1Char('&'));
+        }
+    }
+    return text;
+}
+
+/// Most paths fit on a line or two.
+void makeWide(QMessageBox& box) {
+    constexpr int width = 420; // points
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+        grid->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Minimum), grid->rowCount(),
+                      0, 1, grid->columnCount());
     }
 }
 
@@ -31,10 +55,11 @@ QMessageBox* ask(QWidget* parent, Question question) {
     box->setInformativeText(question.detail);
     showTextsAsTheyAre(*box);
 
+    QString keys;
     QPushButton* escape = nullptr;
     std::vector<std::pair<QAbstractButton*, std::function<void()>>> actions;
     for (Answer& answer : question.answers) {
-        QPushButton* button = box->addButton(answer.text, answer.role);
+        QPushButton* button = box->addButton(withKey(answer.text, keys), answer.role);
         button->setObjectName(answer.text);
         if (actions.empty()) {
             box->setDefaultButton(button);
@@ -53,6 +78,7 @@ QMessageBox* ask(QWidget* parent, Question question) {
             }
         }
     });
+    makeWide(*box);
     box->open();
     return box;
 }

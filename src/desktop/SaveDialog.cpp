@@ -27,12 +27,19 @@ class SaveDialog : public QFileDialog {
 public:
     using QFileDialog::QFileDialog;
 
+    void propose(const QString& name) {
+        m_proposed = name;
+        selectFile(name);
+    }
     const std::optional<std::string>& chosen() const { return m_chosen; }
 
     void accept() override {
         const QString named = namedPath();
         if (named.isEmpty() || (QFileInfo(named).isDir() && !isArticle(named))) {
             QFileDialog::accept();
+            if (!named.isEmpty() && isVisible()) {
+                selectFile(m_proposed); // in the folder that was entered
+            }
             return;
         }
         m_chosen = pathOf(named);
@@ -67,6 +74,7 @@ private:
         return QDir::cleanPath(directory().absoluteFilePath(text));
     }
 
+    QString m_proposed;
     std::optional<std::string> m_chosen;
 };
 
@@ -81,7 +89,7 @@ void askForSavePlace(QWidget& window, const std::string& folder, const std::stri
     dialog->setFileMode(QFileDialog::AnyFile);
     dialog->setAcceptMode(QFileDialog::AcceptSave);
     dialog->setOption(QFileDialog::DontConfirmOverwrite);
-    dialog->selectFile(QString::fromStdString(name));
+    dialog->propose(QString::fromStdString(name));
     QObject::connect(dialog, &QDialog::finished, &window, [dialog, done = std::move(done)](int result) {
         done(result == QDialog::Accepted ? dialog->chosen() : std::nullopt);
     });

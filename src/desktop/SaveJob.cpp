@@ -33,15 +33,15 @@ struct Advice {
 };
 
 constexpr Advice advices[] = {
-    {ENOSPC, "Free some space on the disk, or choose another place with Save As…."},
-    {EDQUOT, "Free some space on the disk, or choose another place with Save As…."},
-    {EACCES, "You may not write there. Choose another place with Save As…."},
-    {EPERM, "You may not write there. Choose another place with Save As…."},
-    {EROFS, "You may not write there. Choose another place with Save As…."},
-    {ENOENT, "The folder around the article is missing. Choose another place with Save As…."},
-    {ENOTDIR, "There is no folder any more. Choose another place with Save As…."},
-    {EEXIST, "Something else has this name now. Choose another name with Save As…."},
-    {ENAMETOOLONG, "Choose a shorter name with Save As…."},
+    {ENOSPC, "Free some space on the disk, or use Save As… to choose another place."},
+    {EDQUOT, "Free some space on the disk, or use Save As… to choose another place."},
+    {EACCES, "You may not write there. Use Save As… to choose another place."},
+    {EPERM, "You may not write there. Use Save As… to choose another place."},
+    {EROFS, "You may not write there. Use Save As… to choose another place."},
+    {ENOENT, "The folder around the article is missing. Use Save As… to choose another place."},
+    {ENOTDIR, "There is no folder any more. Use Save As… to choose another place."},
+    {EEXIST, "Something else has this name now. Use Save As… to choose another name."},
+    {ENAMETOOLONG, "Use Save As… to choose a shorter name."},
     {ESTALE, "Save once more."},
     {EBUSY, "Save once more."},
 };
@@ -123,7 +123,7 @@ std::string saveAdvice(const PackageFailure& failure) {
             }
         }
     }
-    return "Save once more, or choose another place with Save As….";
+    return "Save once more, or use Save As… to choose another place.";
 }
 
 } // namespace quillon

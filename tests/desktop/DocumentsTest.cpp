@@ -83,6 +83,8 @@ TEST_F(DocumentsTest, whatCannotBeOpenedIsToldAndNothingElseChanges) {
         EXPECT_EQ(box->text(), "Could Not Open Article");
         EXPECT_TRUE(box->informativeText().contains(QString::fromStdString(path(row.cause))))
             << box->informativeText().toStdString();
+        EXPECT_EQ(box->informativeText().count('\n'), 1) << "the second line is a way out";
+        EXPECT_GE(box->width(), 420) << "paths are long";
         for (const QLabel* label : box->findChildren<QLabel*>()) {
             EXPECT_EQ(label->textFormat(), Qt::PlainText);
         }
@@ -127,6 +129,9 @@ TEST_F(DocumentsTest, aReadIsCountedAndStopsWhenItIsCancelled) {
 
     ReadProgress cancelled;
     cancelled.isCancelled = true;
+    const OpeningResult noPackage = readForOpening(path(""), path(""), recovery, cancelled);
+    EXPECT_TRUE(std::holds_alternative<PackageFailure::Code>(noPackage.error().cause))
+        << "known before the folder is walked through";
     const OpeningResult none = readForOpening(package, package, recovery, cancelled);
     ASSERT_FALSE(none);
     EXPECT_EQ(std::get<DiskFailure>(none.error().cause).errorNumber, ECANCELED);

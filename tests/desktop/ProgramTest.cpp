@@ -45,6 +45,7 @@ TEST_F(ProgramTest, answersOnTheCommandLine) {
     } rows[] = {
         {{"--version"}, 0, "quillon ", ""},
         {{"--help"}, 0, "Usage: quillon ", ""},
+        {{""}, 2, "", "the name of a package is empty"},
         {{"--no-such"}, 2, "", "unknown option --no-such"},
     };
     for (const auto& row : rows) {

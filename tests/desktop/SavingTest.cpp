@@ -1,7 +1,9 @@
 #include "DocumentsFixture.h"
 
 #include <QDialog>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QStatusBar>
 
 #include <filesystem>
@@ -37,7 +39,12 @@ TEST_F(SavingTest, aFirstSaveProposesTheTitleAndGivingUpChangesNothing) {
     QDialog* dialog = nullptr;
     ASSERT_TRUE(
         wait([&] { return (dialog = session.window().findChild<QDialog*>("saveDialog")) != nullptr; }));
-    EXPECT_EQ(dialog->findChild<QLineEdit*>("fileNameEdit")->text(), "Here-There");
+    const auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+    EXPECT_EQ(name->text(), "Here-There");
+    fs::create_directory(path("shelf"));
+    ASSERT_TRUE(choosePlace(session, path("shelf")));
+    EXPECT_TRUE(dialog->isVisible());
+    EXPECT_EQ(name->text(), "Here-There") << "a folder that was entered is not the article";
     m_controller->quit();
     EXPECT_EQ(m_controller->sessions().size(), 1U) << "nothing closes under an open question";
     dialog->reject();
@@ -63,6 +70,7 @@ TEST_F(SavingTest, placesThatAreTaken) {
     ASSERT_TRUE(choosePlace(session, path("Other")));
     QMessageBox* box = question(session.window(), "replaceQuestion");
     ASSERT_TRUE(box);
+    EXPECT_EQ(box->findChild<QPushButton*>("Replace")->text(), "&Replace");
     EXPECT_TRUE(box->informativeText().contains("3 files")) << box->informativeText().toStdString();
     answer(box, "Cancel");
     EXPECT_EQ(snapshot(path("Other")), before);
@@ -160,6 +168,20 @@ TEST_F(SavingTest, aFailureKeepsTheChangesAndNamesAWayOut) {
     EXPECT_EQ(titleOnDisk(package), "Mine");
     expected["article.json"] = *sharedArticleEncoder.encode(session->store().article());
     EXPECT_EQ(snapshot(package), expected);
+}
+
+TEST_F(SavingTest, thatNoCopyCanBeKeptShowsForAsLongAsItIsSo) {
+    DocumentSession* session = open(writePackage("Trip"));
+    ASSERT_TRUE(session);
+    m_folder.write("state/recovery", "no folder");
+    setTitle(*session, "Second");
+    const auto* warning = session->window().findChild<QLabel*>("warning");
+    ASSERT_TRUE(wait([&] { return warning->isVisible() && !warning->text().isEmpty(); }));
+    session->window().showStatus("Saving…");
+    session->window().showStatus({});
+    EXPECT_TRUE(warning->isVisible());
+    session->save();
+    EXPECT_TRUE(wait([&] { return !session->window().statusBar()->isVisible(); }));
 }
 
 TEST_F(SavingTest, editsSavesAndACloseDuringASlowSave) {
