@@ -85,7 +85,7 @@ private:
     void recoverNext(const std::shared_ptr<RecoveryQueue>& queue);
     void finishRecovery(LeftRecoveryCopy& left, Expected<RecoveredDocument, DiskFailure> recovered);
     void offerLeft(DocumentSession& session, LeftRecoveryCopy left);
-    void recoverInto(DocumentSession& session, LeftRecoveryCopy& left);
+    void recoverInto(DocumentSession& session, const std::shared_ptr<LeftRecoveryCopy>& left);
 
     void reviewNext();
     void stopQuitting();

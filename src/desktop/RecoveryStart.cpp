@@ -101,7 +101,7 @@ void DocumentController::offerLeft(DocumentSession& session, LeftRecoveryCopy le
                        .arg(shownTime(info.time)),
          .answers = {{QStringLiteral("Recover"), QMessageBox::AcceptRole,
                       [this, &session, shared] {
-                          recoverInto(session, *shared);
+                          recoverInto(session, shared);
                       }},
                      {QStringLiteral("Discard"), QMessageBox::DestructiveRole,
                       [shared] {
@@ -110,13 +110,18 @@ void DocumentController::offerLeft(DocumentSession& session, LeftRecoveryCopy le
                      {QStringLiteral("Decide Later"), QMessageBox::RejectRole, {}}}});
 }
 
-void DocumentController::recoverInto(DocumentSession& session, LeftRecoveryCopy& left) {
-    if (const auto article = left.article()) {
-        session.takeRecovered(*article, left);
-    } else {
-        tell(&session.window(), QStringLiteral("Could Not Recover Article"),
-             QString::fromStdString(article.error().message) + QLatin1Char('.'));
-    }
+void DocumentController::recoverInto(DocumentSession& session,
+                                     const std::shared_ptr<LeftRecoveryCopy>& left) {
+    runOnDisk(
+        m_scheduler, Lane::reads, m_alive, [left] { return left->article(); },
+        [this, session = QPointer(&session), left](const Expected<ArticleDocument, DiskFailure>& article) {
+            if (session && article) {
+                session->takeRecovered(*article, *left);
+            } else if (session) {
+                tell(&session->window(), QStringLiteral("Could Not Recover Article"),
+                     QString::fromStdString(article.error().message) + QLatin1Char('.'));
+            }
+        });
 }
 
 } // namespace quillon

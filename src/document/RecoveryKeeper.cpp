@@ -215,8 +215,11 @@ Expected<void, DiskFailure> RecoveryKeeper::flush() {
 
 void RecoveryKeeper::close() {
     if (!m_parts->isClosed) {
-        (void)m_parts->writeNow(Wish());
         m_parts->isClosed = true;
+        m_parts->scheduler.inBackground(Lane::recovery, [copy = m_parts->copy, number = ++m_parts->asked] {
+            (void)copy->fulfil(Wish(), number);
+            return std::function<void()>();
+        });
     }
 }
 

@@ -25,7 +25,7 @@ public:
     /// Writes at once, on this thread, what has not been written yet: for a program that must end now. A
     /// failure means that the copy does not hold the present article.
     Expected<void, DiskFailure> flush();
-    /// The document is closed for good: no copy is needed any more.
+    /// The document is closed for good: no copy is needed any more. It is removed in the background.
     void close();
 
     /// Called with what went wrong when copies begin to fail, and with nothing when they work again.

@@ -195,7 +195,7 @@ TEST_F(DocumentsTest, closingAsksOnlyForWhatWouldBeLost) {
         answer(box, row.button);
         ASSERT_TRUE(hasSessions(row.open)) << row.button;
         EXPECT_EQ(titleOnDisk(package), row.onDisk);
-        EXPECT_EQ(recoveryCopies(), row.open);
+        EXPECT_TRUE(wait([&] { return recoveryCopies() == row.open; }));
         if (row.open == 1) {
             session->store().undo();
             QTest::keyClick(&session->window(), Qt::Key_W, Qt::ControlModifier);
@@ -228,7 +228,7 @@ TEST_F(DocumentsTest, quittingAsksInTurnAndOneCancelKeepsAll) {
     EXPECT_TRUE(m_controller->sessions().empty());
     EXPECT_EQ(titleOnDisk(path("One")), "First");
     EXPECT_EQ(titleOnDisk(path("Two")), "B");
-    EXPECT_EQ(recoveryCopies(), 0U);
+    EXPECT_TRUE(wait([&] { return recoveryCopies() == 0; }));
 }
 
 } // namespace

@@ -172,7 +172,7 @@ TEST_F(RecoveryTest, afterACrashEachDocumentComesBack) {
     ASSERT_TRUE(answer(fresh->window(), "closeQuestion", "Don’t Save"));
     trip->window().close();
     ASSERT_TRUE(hasSessions(0));
-    EXPECT_EQ(recoveryCopies(), 0U);
+    EXPECT_TRUE(wait([&] { return recoveryCopies() == 0; }));
 }
 
 TEST_F(RecoveryTest, aRunningProgramKeepsItsCopiesAndATerminatedOneLeavesThem) {
@@ -204,7 +204,7 @@ TEST_F(RecoveryTest, discardedCopiesGoAndPostponedOnesAreOfferedAgain) {
     DocumentSession* session = open(package);
     ASSERT_TRUE(session);
     ASSERT_TRUE(answer(session->window(), "leftCopyQuestion", "Recover"));
-    EXPECT_EQ(title(*session), "Edited");
+    ASSERT_TRUE(wait([&] { return title(*session) == "Edited"; }));
     session->store().undo();
     EXPECT_EQ(title(*session), "First");
     EXPECT_TRUE(wait([&] { return recoveryCopies() == 1; }));
@@ -253,7 +253,7 @@ TEST_F(RecoveryTest, aLeftCopyStaysUntilAnotherHoldsWhatItHeld) {
     fs::rename(path("state/recovery"), path("state/moved"));
     m_folder.write("state/recovery", "no folder");
     ASSERT_TRUE(answer(session->window(), "leftCopyQuestion", "Recover"));
-    EXPECT_EQ(title(*session), "Edited");
+    ASSERT_TRUE(wait([&] { return title(*session) == "Edited"; }));
     fs::remove(path("state/recovery"));
     fs::rename(path("state/moved"), path("state/recovery"));
     EXPECT_EQ(recoveryCopies(), 1U);

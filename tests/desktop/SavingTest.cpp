@@ -201,7 +201,7 @@ TEST_F(SavingTest, editsSavesAndACloseDuringASlowSave) {
     m_scheduler.release();
     ASSERT_TRUE(hasSessions(0)) << "the second save took the edit in, so nothing is left to ask";
     EXPECT_EQ(titleOnDisk(package), "Third");
-    EXPECT_EQ(recoveryCopies(), 0U);
+    EXPECT_TRUE(wait([&] { return recoveryCopies() == 0; }));
 }
 
 } // namespace

@@ -205,6 +205,8 @@ TEST_F(RecoveryKeeperTest, closingRemovesTheCopyForGood) {
         edit("two" + std::to_string(isWriting));
         m_scheduler.advance(isWriting ? 1 : 0.1);
         m_keeper->close();
+        EXPECT_TRUE(hasCopy()) << "a disk that hangs holds up no window";
+        m_scheduler.settle();
         EXPECT_FALSE(hasCopy());
         edit("three" + std::to_string(isWriting));
         pass(40);
