@@ -91,7 +91,9 @@ Expected<RecoveryFolder, DiskFailure> RecoveryFolder::make(FileSystem& fileSyste
     constexpr int attempts = 10;
     for (int attempt = 0; attempt < attempts; ++attempt) {
         const std::string name = Uuid::random().text();
-        RecoveryFolder made(fileSystem, store + "/" + name, name);
+        std::string path = store;
+        path.append("/").append(name);
+        RecoveryFolder made(fileSystem, path, name);
         SystemResult<void> result = fileSystem.makeFolder(storeFolder->number(), name, privateFolderMode);
         if (result) {
             SystemResult<FileDescriptor> folder = fileSystem.openFolder(storeFolder->number(), name);

@@ -135,7 +135,7 @@ void RecoveryKeeper::Parts::start() {
     isWriting = true;
     ++asked;
     const auto result = std::make_shared<Expected<void, DiskFailure>>();
-    const std::function<void()> answer =
+    std::function<void()> answer =
         whileAlive([this, wish, number = asked, result] { finish(wish, number, *result); });
     scheduler.inBackground(Lane::recovery, [copy = copy, wish, number = asked, result, answer] {
         *result = copy->fulfil(wish, number);

@@ -58,7 +58,7 @@ std::string changeWord(std::string_view name, bool isSame) {
 } // namespace
 
 std::string previewBaseURL(const std::optional<std::string>& mapsEmbedOrigin) {
-    const std::string text(trimmed(mapsEmbedOrigin.value_or("")));
+    std::string text(trimmed(mapsEmbedOrigin.value_or("")));
     const std::optional<UrlParts> parts = parseUrl(text);
     if (!parts || !parts->scheme || !parts->scheme->starts_with("http") ||
         parts->encodedHost.value_or("").empty()) {
