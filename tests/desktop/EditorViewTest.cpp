@@ -6,7 +6,7 @@
 #include "editor/JSONSourceView.h"
 #include "editor/PreviewCaption.h"
 #include "editor/PreviewPane.h"
-#include "editor/toolbar/ToolbarButton.h"
+#include "desktop/widgets/ToolbarButton.h"
 
 #include <QAbstractButton>
 #include <QApplication>

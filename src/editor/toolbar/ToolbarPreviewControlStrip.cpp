@@ -3,8 +3,8 @@
 #include "desktop/theme/Symbols.h"
 #include "desktop/theme/Theme.h"
 #include "editor/EditorWindowState.h"
-#include "editor/toolbar/ToolbarButton.h"
-#include "editor/toolbar/ToolbarControlPill.h"
+#include "desktop/widgets/ToolbarButton.h"
+#include "desktop/widgets/ToolbarControlPill.h"
 #include "preview/PreviewFrame.h"
 
 #include <QActionGroup>

@@ -1,4 +1,4 @@
-#include "editor/toolbar/ToolbarControlPill.h"
+#include "desktop/widgets/ToolbarControlPill.h"
 
 #include "desktop/theme/Theme.h"
 

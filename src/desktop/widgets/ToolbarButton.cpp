@@ -1,4 +1,4 @@
-#include "editor/toolbar/ToolbarButton.h"
+#include "desktop/widgets/ToolbarButton.h"
 
 #include "desktop/theme/Symbols.h"
 #include "desktop/theme/Theme.h"
