@@ -68,6 +68,7 @@ ThemeColors completed(ThemeColors colors) {
     colors.accentTint = faded(colors.accent, 0.12);
     colors.pillSelected = faded(colors.accent, 0.28);
     colors.pillOutline = faded(colors.separator, 0.45);
+    colors.columnLine = faded(colors.separator, 0.55);
     return colors;
 }
 

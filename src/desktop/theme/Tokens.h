@@ -32,6 +32,7 @@ struct ThemeColors {
     QColor accentTint;   ///< see-through: behind the chosen tab
     QColor pillSelected; ///< see-through: behind the chosen control of a pill
     QColor pillOutline;  ///< see-through
+    QColor columnLine;   ///< see-through: between the columns of a window
     QColor shadow;       ///< see-through
 };
 
@@ -70,6 +71,7 @@ constexpr int control = 28; ///< height of a field or button
 constexpr int largeControl = 34;
 constexpr int pillControl = 25; ///< height of a titled button in a pill
 constexpr int pillSymbol = 28;  ///< width, or side, of a button in a pill that shows a symbol
+constexpr int toolbarButton = 36; ///< width of a button that stands in the toolbar by itself
 constexpr int buttonPadding = 12;
 constexpr int pillPadding = 11;
 constexpr int tab = 32;

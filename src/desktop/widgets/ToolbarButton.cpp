@@ -68,6 +68,26 @@ void ToolbarButton::leaveEvent(QEvent* event) {
     update();
 }
 
+void ToolbarButton::setMenu(QMenu* menu) {
+    m_menu = menu;
+    connect(this, &QAbstractButton::pressed, this, [this] { openMenu(); });
+    connect(menu, &QMenu::aboutToHide, this, [this] { setDown(false); });
+}
+
+void ToolbarButton::openMenu() {
+    m_menu->popup(mapToGlobal(QPoint(0, height())));
+}
+
+void ToolbarButton::keyPressEvent(QKeyEvent* event) {
+    const bool opens = event->key() == Qt::Key_Down || event->key() == Qt::Key_Return ||
+                       event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (m_menu && opens) {
+        openMenu();
+        return;
+    }
+    QAbstractButton::keyPressEvent(event);
+}
+
 ToolbarModeButton::ToolbarModeButton(const QString& title, QWidget* parent) : ToolbarButton(parent) {
     setText(title);
     setAccessibleName(title);
@@ -106,26 +126,6 @@ void ToolbarLooseControlLabel::setContent(const QString& title, std::string symb
     m_symbol = std::move(symbol);
     updateGeometry();
     update();
-}
-
-void ToolbarLooseControlLabel::setMenu(QMenu* menu) {
-    m_menu = menu;
-    connect(this, &QAbstractButton::pressed, this, [this] { openMenu(); });
-    connect(menu, &QMenu::aboutToHide, this, [this] { setDown(false); });
-}
-
-void ToolbarLooseControlLabel::openMenu() {
-    m_menu->popup(mapToGlobal(QPoint(0, height())));
-}
-
-void ToolbarLooseControlLabel::keyPressEvent(QKeyEvent* event) {
-    const bool opens = event->key() == Qt::Key_Down || event->key() == Qt::Key_Return ||
-                       event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
-    if (m_menu && opens) {
-        openMenu();
-        return;
-    }
-    ToolbarButton::keyPressEvent(event);
 }
 
 QSize ToolbarLooseControlLabel::sizeHint() const {

@@ -71,11 +71,7 @@ void ToolbarPreviewControlStrip::Parts::makeDevicePill(QWidget* parent) {
         QAction* action = menu->addAction(symbolIcon(symbolName(each)), text(rawValue(each)));
         action->setCheckable(true);
         group->addAction(action);
-        connect(action, &QAction::triggered, menu, [this, each] {
-            PreviewChoice choice = state.choice();
-            choice.device = each;
-            state.setChoice(choice);
-        });
+        connect(action, &QAction::triggered, menu, [this, each] { state.setDevice(each); });
     }
     connect(menu, &QMenu::aboutToShow, menu, [this, menu] {
         for (QAction* action : menu->actions()) {
@@ -88,12 +84,7 @@ void ToolbarPreviewControlStrip::Parts::makeDevicePill(QWidget* parent) {
     orientation = new ToolbarLooseControlLabel(Chevron::hidden, devicePill);
     orientation->setObjectName(QStringLiteral("orientation"));
     orientation->setToolTip(tr("Toggle preview orientation"));
-    connect(orientation, &QAbstractButton::clicked, devicePill, [this] {
-        PreviewChoice choice = state.choice();
-        const bool isPortrait = choice.orientation == PreviewOrientation::portrait;
-        choice.orientation = isPortrait ? PreviewOrientation::landscape : PreviewOrientation::portrait;
-        state.setChoice(choice);
-    });
+    connect(orientation, &QAbstractButton::clicked, devicePill, [this] { state.flipOrientation(); });
     devicePill->add(orientation);
 }
 
@@ -106,9 +97,7 @@ void ToolbarPreviewControlStrip::Parts::makeAppearancePill(QWidget* parent) {
         button->setObjectName(QStringLiteral("appearance") + text(rawValue(each)));
         button->setCheckable(true);
         connect(button, &QAbstractButton::clicked, appearancePill, [this, each] {
-            PreviewChoice choice = state.choice();
-            choice.appearance = each;
-            state.setChoice(choice);
+            state.setAppearance(each);
             Q_EMIT state.changed();
         });
         appearances.emplace_back(each, button);
