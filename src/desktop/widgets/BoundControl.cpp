@@ -10,6 +10,9 @@ void refreshControls(QWidget& root) {
     const QPointer<QWidget> remaining(&root);
     if (auto* control = dynamic_cast<BoundControl*>(&root)) {
         control->refresh();
+        if (remaining && !control->showsWhatItHolds()) {
+            return;
+        }
     }
     if (!remaining) {
         return;

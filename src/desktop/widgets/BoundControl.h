@@ -21,6 +21,9 @@ public:
 
     /// Shows the value that stands there now.
     virtual void refresh() = 0;
+    /// Whether those below it show anything now. Those that do not are not refreshed with it; the control
+    /// does it when it shows them.
+    virtual bool showsWhatItHolds() const { return true; }
 
 protected:
     BoundControl() = default;

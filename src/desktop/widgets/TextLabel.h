@@ -31,6 +31,7 @@ public:
     void setControl(QWidget* control);
 
     QSize minimumSizeHint() const override;
+    int heightForWidth(int width) const override;
 
 Q_SIGNALS:
     void clicked();
