@@ -11,7 +11,7 @@ namespace quillon {
 
 namespace {
 
-constexpr int grab = 8; ///< width in which a line can be taken, in points
+constexpr int grabWidth = 8; ///< width in which a line can be taken, in points
 
 /// The line between two columns, with room on both sides to take it.
 class ColumnLine : public QWidget {
@@ -27,17 +27,17 @@ public:
     std::function<void()> onDoubleClick;
 
     void place(int x, int height) {
-        setGeometry(x - grab / 2, 0, grab, height);
+        setGeometry(x - grabWidth / 2, 0, grabWidth, height);
         raise();
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.fillRect(QRect(grab / 2, 0, extent::line, height()), theme().colors().columnLine);
+        painter.fillRect(QRect(grabWidth / 2, 0, extent::line, height()), theme().colors().columnLine);
     }
     void mousePressEvent(QMouseEvent* event) override {
-        m_offset = static_cast<int>(event->position().x()) - grab / 2;
+        m_offset = static_cast<int>(event->position().x()) - grabWidth / 2;
     }
     void mouseMoveEvent(QMouseEvent* event) override {
         if (event->buttons() & Qt::LeftButton) {

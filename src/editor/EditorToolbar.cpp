@@ -26,12 +26,12 @@ ToolbarSymbolButton* makeButton(const char* objectName, const char* symbol, cons
 
 } // namespace
 
-EditorToolbar::EditorToolbar(EditorWindowState& state,
-                             const std::function<void(const ComponentRole&)>& onAdd, QWidget* parent)
-    : QWidget(parent), m_state(state),
-      m_outline(makeButton("toggleOutline", "sidebar.leading", tr("Outline"), tr("Toggle the outline"), this)),
-      m_inspector(
-          makeButton("toggleInspector", "sidebar.trailing", tr("Inspector"), tr("Toggle the inspector"), this)) {
+EditorToolbar::EditorToolbar(EditorWindowState& state, const std::function<void(const ComponentRole&)>& onAdd,
+                             QWidget* parent)
+    : QWidget(parent), m_state(state), m_outline(makeButton("toggleOutline", "sidebar.leading", tr("Outline"),
+                                                            tr("Toggle the outline"), this)),
+      m_inspector(makeButton("toggleInspector", "sidebar.trailing", tr("Inspector"),
+                             tr("Toggle the inspector"), this)) {
     setObjectName(QStringLiteral("toolbar"));
     setAccessibleName(tr("Toolbar"));
     setFixedHeight(toolbarHeight);

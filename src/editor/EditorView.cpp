@@ -1,6 +1,7 @@
 #include "editor/EditorView.h"
 
 #include "desktop/ImageDecoding.h"
+#include "desktop/PreviewWebWidget.h"
 #include "document/EditorOperations.h"
 #include "editor/EditorColumns.h"
 #include "editor/EditorToolbar.h"
@@ -13,6 +14,7 @@
 #include "preview/ArticleDerivedContentCache.h"
 
 #include <QVBoxLayout>
+#include <QWebEngineView>
 
 namespace quillon {
 
@@ -26,11 +28,18 @@ struct EditorView::Parts {
     EditorWindowState state;
     ArticleDerivedContentCache derivedContentCache{decodeImage};
     EditorColumns* columns = nullptr;
+    QWidget* outline = nullptr;
     QWidget* middle = nullptr;
+    QWidget* inspector = nullptr;
     std::unique_ptr<PreviewPane> preview; ///< only while the page is shown
     std::unique_ptr<JSONSourceView> json; ///< only while the JSON is shown
     std::unique_ptr<FindBar> find;        ///< of the JSON
     Subscription subscription;
+
+    bool hasFocus(const QWidget* part) const {
+        const QWidget* focused = part->window()->focusWidget();
+        return focused && (focused == part || part->isAncestorOf(focused));
+    }
 };
 
 EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& scheduler, QWidget* parent)
@@ -43,8 +52,9 @@ EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& sche
     middle->setSpacing(0);
     auto* toolbar = new EditorToolbar(
         parts.state, [&store](const ComponentRole& role) { addComponent(store, role); }, this);
-    auto* outline = new OutlineList(store, this);
-    parts.columns = new EditorColumns(outline, parts.middle, new InspectorColumn(store, this), this);
+    parts.outline = new OutlineList(store, this);
+    parts.inspector = new InspectorColumn(store, this);
+    parts.columns = new EditorColumns(parts.outline, parts.middle, parts.inspector, this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
     column->setSpacing(0);
@@ -58,7 +68,7 @@ EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& sche
     });
     refresh();
     // Else the first control of the toolbar would have the keyboard, and show it, in every new window.
-    outline->setFocus();
+    parts.outline->setFocus();
 }
 
 EditorView::~EditorView() = default;
@@ -85,11 +95,24 @@ FindBar* EditorView::find() const {
 
 /// Switching makes a view anew; what was derived for it stays in the cache.
 void EditorView::refresh() {
-    m_parts->columns->setSidebars(m_parts->state.sidebars());
-    if (m_parts->state.mode() == PreviewMode::json) {
+    Parts& parts = *m_parts;
+    const Sidebars& sidebars = parts.state.sidebars();
+    const bool isJSON = parts.state.mode() == PreviewMode::json;
+    const bool isSwitch = isJSON ? !parts.json : !parts.preview;
+    // What had the keyboard and goes away would hand it to some control of the toolbar.
+    const bool isFocusLost = (isSwitch && parts.hasFocus(parts.middle)) ||
+                             (!sidebars.outline && parts.hasFocus(parts.outline)) ||
+                             (!sidebars.inspector && parts.hasFocus(parts.inspector));
+    parts.columns->setSidebars(sidebars);
+    if (isJSON) {
         showJSON();
     } else {
         showPreview();
+    }
+    if (isFocusLost && isJSON) {
+        parts.json->setFocus();
+    } else if (isFocusLost) {
+        parts.preview->webWidget().view()->setFocus();
     }
 }
 

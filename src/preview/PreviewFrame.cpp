@@ -61,10 +61,9 @@ double zoom::out(double zoom) {
 }
 
 std::string previewCaption(const PreviewEnvironment& environment, double zoom) {
-    std::string caption = environment.label + " · " +
-                          std::to_string(std::llround(environment.viewportWidth)) + " pt · " +
-                          environment.horizontalSizeClass + " · " +
-                          std::string(rawValue(environment.appearance));
+    std::string caption =
+        environment.label + " · " + std::to_string(std::llround(environment.viewportWidth)) + " pt · " +
+        environment.horizontalSizeClass + " · " + std::string(rawValue(environment.appearance));
     if (zoom != zoom::actual) {
         caption += " · " + std::to_string(std::lround(zoom * 100)) + " %";
     }

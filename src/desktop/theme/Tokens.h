@@ -69,8 +69,8 @@ constexpr int card = 12; ///< large ones
 namespace extent {
 constexpr int control = 28; ///< height of a field or button
 constexpr int largeControl = 34;
-constexpr int pillControl = 25; ///< height of a titled button in a pill
-constexpr int pillSymbol = 28;  ///< width, or side, of a button in a pill that shows a symbol
+constexpr int pillControl = 25;   ///< height of a titled button in a pill
+constexpr int pillSymbol = 28;    ///< width, or side, of a button in a pill that shows a symbol
 constexpr int toolbarButton = 36; ///< width of a button that stands in the toolbar by itself
 constexpr int buttonPadding = 12;
 constexpr int pillPadding = 11;
@@ -101,6 +101,7 @@ constexpr int emptyState = 40;
 namespace motion {
 constexpr int quick = 120;
 constexpr int usual = 180;
+constexpr int spring = 220; ///< until a spring rests, as near as can be seen
 constexpr int progressDelay = 300; ///< before progress shows at all
 } // namespace motion
 

@@ -42,28 +42,38 @@ EditCommands::EditCommands(DocumentWindow& window, EditorView& editor)
     DocumentStore& store = editor.store();
     QMenu& menu = window.menu(WindowMenu::Edit);
     menu.addSeparator();
-    parts.cut = addMenuItem(
-        menu, {"cut", tr("Cu&t"), standardKeys(QKeySequence::Cut, "Ctrl+X"), [this] { cut(); }});
-    parts.copy = addMenuItem(
-        menu, {"copy", tr("&Copy"), standardKeys(QKeySequence::Copy, "Ctrl+C"), [this] { copy(); }});
-    addMenuItem(menu,
-                {"paste", tr("&Paste"), standardKeys(QKeySequence::Paste, "Ctrl+V"), [this] { paste(); }});
+    parts.cut = addMenuItem(menu, {"cut", tr("Cu&t"), standardKeys(QKeySequence::Cut, "Ctrl+X"), [this] {
+                                       cut();
+                                   }});
+    parts.copy = addMenuItem(menu, {"copy", tr("&Copy"), standardKeys(QKeySequence::Copy, "Ctrl+C"), [this] {
+                                        copy();
+                                    }});
+    addMenuItem(menu, {"paste", tr("&Paste"), standardKeys(QKeySequence::Paste, "Ctrl+V"), [this] {
+                           paste();
+                       }});
     parts.duplicate = addMenuItem(menu, {"duplicate", tr("D&uplicate"), {QKeySequence("Ctrl+D")}, [&store] {
                                              if (const auto& id = store.selection().component) {
                                                  duplicateComponent(store, *id);
                                              }
                                          }});
-    parts.remove = addMenuItem(menu, {"delete", tr("&Delete"), standardKeys(QKeySequence::Delete, "Del"),
-                                      [this] { removeSelected(); }});
+    parts.remove =
+        addMenuItem(menu, {"delete", tr("&Delete"), standardKeys(QKeySequence::Delete, "Del"), [this] {
+                               removeSelected();
+                           }});
     menu.addSeparator();
-    parts.find = addMenuItem(menu, {"find", tr("&Find…"), standardKeys(QKeySequence::Find, "Ctrl+F"),
-                                    [&editor] { editor.find()->open(); }});
+    parts.find =
+        addMenuItem(menu, {"find", tr("&Find…"), standardKeys(QKeySequence::Find, "Ctrl+F"), [&editor] {
+                               editor.find()->open();
+                           }});
     // The desktop's other keys for these belong to another command of ours.
-    parts.findNext = addMenuItem(menu, {"findNext", tr("Find &Next"), {QKeySequence("F3"), QKeySequence("Ctrl+G")},
-                                        [&editor] { editor.find()->go(FindBar::Direction::forward); }});
+    parts.findNext = addMenuItem(
+        menu, {"findNext", tr("Find &Next"), {QKeySequence("F3"), QKeySequence("Ctrl+G")}, [&editor] {
+                   editor.find()->go(FindBar::Direction::forward);
+               }});
     parts.findPrevious =
-        addMenuItem(menu, {"findPreviousItem", tr("Find Pre&vious"), {QKeySequence("Shift+F3")},
-                           [&editor] { editor.find()->go(FindBar::Direction::backward); }});
+        addMenuItem(menu, {"findPreviousItem", tr("Find Pre&vious"), {QKeySequence("Shift+F3")}, [&editor] {
+                               editor.find()->go(FindBar::Direction::backward);
+                           }});
 
     fillComponentAddMenu(window.menu(WindowMenu::Insert),
                          [&store](const ComponentRole& role) { addComponent(store, role); });

@@ -35,7 +35,8 @@ struct EditorCommands::Parts {
     }
     /// Lets `isEnabled` say when `action` can be taken.
     void enable(QAction* action, std::function<bool()> isEnabled) {
-        refreshes.emplace_back([action, isEnabled = std::move(isEnabled)] { action->setEnabled(isEnabled()); });
+        refreshes.emplace_back(
+            [action, isEnabled = std::move(isEnabled)] { action->setEnabled(isEnabled()); });
     }
     bool isPage() const { return state.mode() == PreviewMode::rendered; }
 };
@@ -60,7 +61,10 @@ void EditorCommands::addModes() {
     Parts& parts = *m_parts;
     const auto add = [&](PreviewMode mode, const char* name, const char* key) {
         parts.addMarked(parts.menu,
-                        {name, text(title(mode)), {QKeySequence(QLatin1String(key))}, [&parts, mode] {
+                        {name,
+                         text(title(mode)),
+                         {QKeySequence(QLatin1String(key))},
+                         [&parts, mode] {
                              parts.state.setMode(mode);
                              // The command on the one that stands has taken its mark away.
                              Q_EMIT parts.state.changed();
@@ -80,21 +84,29 @@ void EditorCommands::addChoices() {
     QMenu* devices = parts.menu.addMenu(tr("&Device"));
     for (const PreviewDevice device : allDevices()) {
         parts.addMarked(*devices,
-                        {"", text(rawValue(device)), {}, [&parts, device] {
+                        {"",
+                         text(rawValue(device)),
+                         {},
+                         [&parts, device] {
                              parts.state.setDevice(device);
                              Q_EMIT parts.state.changed();
                          }},
                         [&parts, device] { return parts.state.choice().device == device; });
     }
     parts.enable(devices->menuAction(), isPage);
-    QAction* rotate = addMenuItem(parts.menu, {"rotate", tr("&Rotate Preview"), {QKeySequence("Ctrl+R")},
-                                               [&parts] { parts.state.flipOrientation(); }});
+    QAction* rotate =
+        addMenuItem(parts.menu, {"rotate", tr("&Rotate Preview"), {QKeySequence("Ctrl+R")}, [&parts] {
+                                     parts.state.flipOrientation();
+                                 }});
     parts.enable(rotate,
                  [&parts] { return parts.isPage() && supportsOrientation(parts.state.choice().device); });
     QMenu* appearances = parts.menu.addMenu(tr("&Appearance"));
     for (const PreviewAppearance appearance : allAppearances()) {
         parts.addMarked(*appearances,
-                        {"", text(rawValue(appearance)), {}, [&parts, appearance] {
+                        {"",
+                         text(rawValue(appearance)),
+                         {},
+                         [&parts, appearance] {
                              parts.state.setAppearance(appearance);
                              Q_EMIT parts.state.changed();
                          }},
@@ -109,10 +121,13 @@ void EditorCommands::addChoices() {
                                                parts.state.setZoom(zoom::in(parts.state.choice().zoom));
                                            }});
     QAction* out = addMenuItem(
-        parts.menu, {"zoomOut", tr("Zoom &Out"), standardKeys(QKeySequence::ZoomOut, "Ctrl+-"),
-                     [&parts] { parts.state.setZoom(zoom::out(parts.state.choice().zoom)); }});
-    QAction* actual = addMenuItem(parts.menu, {"zoomActual", tr("Actual &Size"), {QKeySequence("Ctrl+0")},
-                                               [&parts] { parts.state.setZoom(zoom::actual); }});
+        parts.menu, {"zoomOut", tr("Zoom &Out"), standardKeys(QKeySequence::ZoomOut, "Ctrl+-"), [&parts] {
+                         parts.state.setZoom(zoom::out(parts.state.choice().zoom));
+                     }});
+    QAction* actual =
+        addMenuItem(parts.menu, {"zoomActual", tr("Actual &Size"), {QKeySequence("Ctrl+0")}, [&parts] {
+                                     parts.state.setZoom(zoom::actual);
+                                 }});
     parts.enable(in, [&parts] {
         return parts.isPage() && zoom::in(parts.state.choice().zoom) != parts.state.choice().zoom;
     });
@@ -126,18 +141,29 @@ void EditorCommands::addChoices() {
 void EditorCommands::addColumns() {
     Parts& parts = *m_parts;
     parts.addMarked(parts.menu,
-                    {"showOutline", tr("Out&line"), {QKeySequence("Ctrl+Alt+1")},
-                     [&parts] { parts.state.toggleOutline(); }},
+                    {"showOutline",
+                     tr("Out&line"),
+                     {QKeySequence("Ctrl+Alt+1")},
+                     [&parts] {
+                         parts.state.toggleOutline();
+                     }},
                     [&parts] { return parts.state.sidebars().outline; });
     parts.addMarked(parts.menu,
-                    {"showInspector", tr("Ins&pector"), {QKeySequence("Ctrl+Alt+2")},
-                     [&parts] { parts.state.toggleInspector(); }},
+                    {"showInspector",
+                     tr("Ins&pector"),
+                     {QKeySequence("Ctrl+Alt+2")},
+                     [&parts] {
+                         parts.state.toggleInspector();
+                     }},
                     [&parts] { return parts.state.sidebars().inspector; });
-    addMenuItem(parts.menu, {"toggleSidebars", tr("&Toggle Sidebars"), {QKeySequence("Ctrl+1")},
-                             [&parts] { parts.state.toggleSidebars(); }});
+    addMenuItem(parts.menu, {"toggleSidebars", tr("&Toggle Sidebars"), {QKeySequence("Ctrl+1")}, [&parts] {
+                                 parts.state.toggleSidebars();
+                             }});
     parts.menu.addSeparator();
     parts.addMarked(parts.menu,
-                    {"showComponentDetails", tr("Show &Component Details"), {},
+                    {"showComponentDetails",
+                     tr("Show &Component Details"),
+                     {},
                      [&parts] {
                          Settings& settings = parts.settings;
                          settings.setComponentOutlineShowsDetails(!settings.componentOutlineShowsDetails());
@@ -146,7 +172,9 @@ void EditorCommands::addColumns() {
     parts.menu.addSeparator();
     parts.addMarked(parts.menu,
                     {"fullScreen", tr("&Full Screen"), standardKeys(QKeySequence::FullScreen, "F11"),
-                     [&parts] { parts.window.setWindowState(parts.window.windowState() ^ Qt::WindowFullScreen); }},
+                     [&parts] {
+                         parts.window.setWindowState(parts.window.windowState() ^ Qt::WindowFullScreen);
+                     }},
                     [&parts] { return parts.window.isFullScreen(); });
 }
 

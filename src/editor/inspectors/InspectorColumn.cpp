@@ -27,8 +27,7 @@ InspectorColumn::InspectorColumn(DocumentStore& store, QWidget* parent)
     setObjectName(QStringLiteral("inspector"));
     setAccessibleName(tr("Inspector"));
     parts.pages = new QStackedLayout(this);
-    parts.empty =
-        new EmptyState({.symbol = "square.dashed", .title = tr("No Component Selected")}, this);
+    parts.empty = new EmptyState({.symbol = "square.dashed", .title = tr("No Component Selected")}, this);
     parts.selected = new QWidget(this);
     parts.header = new Header("newspaper", QString(), QString(), parts.selected);
     auto* column = new QVBoxLayout(parts.selected);

@@ -71,9 +71,8 @@ void OutlineList::refresh() {
 }
 
 void OutlineList::showSelection() {
-    const auto row = std::find_if(m_rows.begin(), m_rows.end(), [&](const Row& each) {
-        return each.selection == m_store.selection();
-    });
+    const auto row = std::find_if(m_rows.begin(), m_rows.end(),
+                                  [&](const Row& each) { return each.selection == m_store.selection(); });
     const QSignalBlocker quiet(this);
     setCurrentItem(row == m_rows.end() ? nullptr : m_items[static_cast<std::size_t>(row - m_rows.begin())]);
 }
