@@ -119,7 +119,8 @@ void ProgressIndicator::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QRectF area = signArea();
     if (!m_fraction) {
-        drawSpinner(painter, {area.left(), area.top(), extent::spinner, area.height()});
+        const double start = m_cancel ? area.right() - extent::spinner : area.left();
+        drawSpinner(painter, {start, area.top(), extent::spinner, area.height()});
         return;
     }
     const ThemeColors& colors = theme().colors();

@@ -70,7 +70,7 @@ void Toggle::paintEvent(QPaintEvent*) {
     const QRectF knob(body.left() + knobInset + way * (extent::switchWidth - extent::switchHeight),
                       body.top() + knobInset, side, side);
     fillRounded(painter, knob.translated(0, extent::line), capsule, faded(colors.shadow, opacity));
-    fillRounded(painter, knob, capsule, faded(colors.knob, opacity));
+    fillRounded(painter, knob, capsule, state.enabled ? colors.knob : colors.raised);
     if (state.focused) {
         drawFocusRing(painter, body.adjusted(-margin, -margin, margin, margin), capsule);
     }
