@@ -21,8 +21,6 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
 
     virtual void paintContent(QPainter& painter) = 0;
     QColor contentColor() const;
