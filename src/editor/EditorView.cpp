@@ -93,7 +93,8 @@ FindBar* EditorView::find() const {
     return m_parts->find.get();
 }
 
-/// Switching makes a view anew; what was derived for it stays in the cache.
+/// Switching makes a view anew; what was derived for it stays in the cache. A new one is shown at once: else
+/// it would be there, and could take the keyboard, only in the next turn of the event loop.
 void EditorView::refresh() {
     Parts& parts = *m_parts;
     const Sidebars& sidebars = parts.state.sidebars();
@@ -124,7 +125,6 @@ void EditorView::showJSON() {
         parts.find = std::make_unique<FindBar>(*parts.json, parts.middle);
         parts.middle->layout()->addWidget(parts.find.get());
         parts.middle->layout()->addWidget(parts.json.get());
-        // Else it would be there, and could take the keyboard, only in the next turn of the event loop.
         parts.json->show();
         parts.json->setFocus();
     }
@@ -139,6 +139,7 @@ void EditorView::showPreview() {
         parts.preview = std::make_unique<PreviewPane>(parts.store, parts.derivedContentCache, parts.settings,
                                                       parts.scheduler, parts.middle);
         parts.middle->layout()->addWidget(parts.preview.get());
+        parts.preview->show();
         connect(parts.preview.get(), &PreviewPane::pageShown, this, &EditorView::pageShown);
     }
     parts.preview->setChoice(parts.state.choice());

@@ -99,7 +99,7 @@ TEST_F(EditorViewTest, theJsonIsThereToReadSelectAndCopy) {
     auto* json = window->findChild<JSONSourceView*>();
     ASSERT_TRUE(json);
     EXPECT_FALSE(window->findChild<PreviewPane*>());
-    EXPECT_FALSE(find<QWidget>("deviceMenu")->isVisible());
+    EXPECT_TRUE(waitFor([&] { return !find<QWidget>("deviceMenu")->isVisible(); }));
     const auto text = [&] {
         return json->toPlainText().toStdString();
     };
