@@ -1,17 +1,19 @@
 #include "DocumentsFixture.h"
 
-#include "document/ComponentText.h"
+#include "desktop/PreviewWebWidget.h"
 #include "document/EditorOperations.h"
 #include "editor/EditorView.h"
 #include "editor/EditorWindowState.h"
 #include "editor/FindBar.h"
 #include "editor/JSONSourceView.h"
+#include "editor/PreviewPane.h"
 #include "package/Templates.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QMenu>
-#include <QTreeWidget>
+#include <QSignalSpy>
+#include <QWebEngineView>
 
 namespace quillon::test {
 
@@ -176,6 +178,27 @@ TEST_F(CommandsTest, aTextWithTheKeyboardKeepsItsKeys) {
     type("Ctrl+Z");
     EXPECT_FALSE(store().canRedo());
     EXPECT_EQ(roles(), before);
+}
+
+TEST_F(CommandsTest, thePageLeavesItsKeysToTheWindow) {
+    ASSERT_TRUE(wait([&] { return editor->preview()->webWidget().view()->focusProxy() != nullptr; }));
+    QSignalSpy shown(editor, &EditorView::pageShown);
+    item("add.photo")->trigger();
+    ASSERT_TRUE(wait([&] { return shown.count() > 0; }));
+    editor->preview()->webWidget().view()->setFocus();
+    QWidget* page = window->focusWidget();
+    ASSERT_TRUE(editor->preview()->isAncestorOf(page));
+    const std::string before = roles();
+    for (const char* keys : {"Ctrl+D", "Ctrl+X", "Ctrl+V", "Ctrl+Z", "Ctrl+Z", "Ctrl+Z"}) {
+        type(keys);
+    }
+    EXPECT_EQ(roles(), before);
+    type("Ctrl+Shift+Z");
+    EXPECT_EQ(roles(), before + " photo");
+    type("Del");
+    EXPECT_EQ(roles(), before);
+    type("Ctrl+3");
+    EXPECT_TRUE(editor->json());
 }
 
 TEST_F(CommandsTest, newDocumentsComeBlankFromATemplateOrGenerated) {
