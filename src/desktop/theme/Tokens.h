@@ -29,6 +29,7 @@ struct ThemeColors {
     QColor pressed;      ///< the same
     QColor track;        ///< see-through: of switches, segments and progress
     QColor raised;       ///< what stands on a track: the chosen segment
+    QColor knob;         ///< of a switch
     QColor accentTint;   ///< see-through: behind the chosen tab
     QColor pillSelected; ///< see-through: behind the chosen control of a pill
     QColor pillOutline;  ///< see-through
@@ -99,6 +100,7 @@ constexpr int emptyState = 40;
 namespace motion {
 constexpr int quick = 120;
 constexpr int usual = 180;
+constexpr int spinnerTurn = 900;   ///< one turn of it
 constexpr int progressDelay = 300; ///< before progress shows at all
 } // namespace motion
 

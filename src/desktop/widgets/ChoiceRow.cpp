@@ -67,7 +67,7 @@ ChoiceRow::ChoiceRow(const QString& name, std::vector<Choice> choices, Binding<i
     for (const Choice& choice : m_choices) {
         auto* segment = new ChoiceSegment(*this, choice, static_cast<int>(m_segments.size()));
         m_segments.push_back(segment);
-        m_row->addWidget(segment, 1);
+        m_row->addWidget(segment);
     }
     m_slide.setStartValue(0.0);
     m_slide.setEndValue(1.0);

@@ -15,6 +15,7 @@ PushButton::PushButton(const QString& title, ButtonKind kind, std::string symbol
     : QAbstractButton(parent), m_kind(kind), m_symbol(std::move(symbol)) {
     setText(title);
     setAccessibleName(title);
+    setObjectName(title);
     setAttribute(Qt::WA_Hover);
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Minimum, QSizePolicy::Fixed);

@@ -58,8 +58,12 @@ void SegmentedControl::paintEvent(QPaintEvent*) {
     if (mark.isEmpty()) {
         return;
     }
+    if (!isEnabled()) {
+        fillRounded(painter, mark, corner, faded(colors.raised, 0.5));
+        return;
+    }
     fillRounded(painter, mark.translated(0, extent::line), corner, colors.shadow);
-    fillRounded(painter, mark, corner, isEnabled() ? colors.raised : faded(colors.raised, 0.5));
+    fillRounded(painter, mark, corner, colors.raised);
 }
 
 } // namespace quillon

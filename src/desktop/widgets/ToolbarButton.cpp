@@ -2,6 +2,7 @@
 
 #include "desktop/theme/Symbols.h"
 #include "desktop/theme/Theme.h"
+#include "desktop/widgets/WidgetState.h"
 
 #include <QFontMetrics>
 #include <QKeyEvent>
@@ -26,46 +27,24 @@ QFont titleFont(bool isChosen) {
 
 ToolbarButton::ToolbarButton(QWidget* parent) : QAbstractButton(parent) {
     setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(&theme(), &Theme::changed, this, [this] { update(); });
 }
 
 QColor ToolbarButton::contentColor() const {
-    return isEnabled() ? theme().colors().text : theme().colors().textTertiary;
+    return widgetState(*this).enabled ? theme().colors().text : theme().colors().textTertiary;
 }
 
 void ToolbarButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const ThemeColors& colors = theme().colors();
-    const QRectF area(rect());
-    const double radius = area.height() / 2;
-    painter.setPen(Qt::NoPen);
-    if (isChecked()) {
-        painter.setBrush(colors.pillSelected);
-        painter.drawRoundedRect(area, radius, radius);
+    const ControlState state = widgetState(*this);
+    if (state.selected) {
+        fillRounded(painter, rect(), capsule, theme().colors().pillSelected);
     }
-    if (isEnabled() && (isDown() || underMouse())) {
-        painter.setBrush(isDown() ? colors.pressed : colors.hover);
-        painter.drawRoundedRect(area, radius, radius);
-    }
-    if (hasFocus()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(colors.accent, extent::focusRing));
-        const double inset = extent::focusRing / 2.0;
-        painter.drawRoundedRect(area.adjusted(inset, inset, -inset, -inset), radius, radius);
-    }
+    drawQuietBody(painter, rect(), capsule, state);
     paintContent(painter);
-}
-
-void ToolbarButton::enterEvent(QEnterEvent* event) {
-    QAbstractButton::enterEvent(event);
-    update();
-}
-
-void ToolbarButton::leaveEvent(QEvent* event) {
-    QAbstractButton::leaveEvent(event);
-    update();
 }
 
 ToolbarModeButton::ToolbarModeButton(const QString& title, QWidget* parent) : ToolbarButton(parent) {
@@ -82,7 +61,7 @@ QSize ToolbarModeButton::sizeHint() const {
 
 void ToolbarModeButton::paintContent(QPainter& painter) {
     painter.setPen(contentColor());
-    painter.setFont(titleFont(isChecked()));
+    painter.setFont(titleFont(widgetState(*this).selected));
     painter.drawText(rect(), Qt::AlignCenter, text());
 }
 
@@ -94,7 +73,7 @@ ToolbarSymbolButton::ToolbarSymbolButton(std::string symbol, const QString& name
 
 void ToolbarSymbolButton::paintContent(QPainter& painter) {
     drawSymbol(painter, rect(), m_symbol, symbolSize::control, contentColor(),
-               isChecked() ? SymbolWeight::Semibold : SymbolWeight::Regular);
+               widgetState(*this).selected ? SymbolWeight::Semibold : SymbolWeight::Regular);
 }
 
 ToolbarLooseControlLabel::ToolbarLooseControlLabel(Chevron chevron, QWidget* parent)

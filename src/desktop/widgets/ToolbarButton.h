@@ -17,8 +17,6 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
 
     virtual void paintContent(QPainter& painter) = 0;
     QColor contentColor() const;

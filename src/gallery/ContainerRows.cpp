@@ -1,0 +1,9 @@
+#include "gallery/GalleryRow.h"
+
+namespace quillon {
+
+std::vector<GalleryRow> containerRows() {
+    return {};
+}
+
+} // namespace quillon

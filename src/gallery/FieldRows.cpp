@@ -1,0 +1,9 @@
+#include "gallery/GalleryRow.h"
+
+namespace quillon {
+
+std::vector<GalleryRow> fieldRows() {
+    return {};
+}
+
+} // namespace quillon
