@@ -82,7 +82,7 @@ void ChoiceRow::refresh() {
     const int count = static_cast<int>(m_segments.size());
     const int index = m_binding.get();
     const int chosen = index >= 0 && index < count ? index : noChoice;
-    const bool hasKeyboard = isAncestorOf(focusWidget());
+    const bool hasKeyboard = isAncestorOf(window()->focusWidget());
     const int entrance = std::max(chosen, 0);
     for (int at = 0; at < count; ++at) {
         QAbstractButton& segment = *m_segments[static_cast<std::size_t>(at)];

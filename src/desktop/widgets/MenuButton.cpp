@@ -96,11 +96,15 @@ void MenuButton::fill(QMenu& menu) {
         entry->setCheckable(chosen() != nullptr);
         entry->setChecked(index == m_chosen);
         group->addAction(entry);
-        connect(entry, &QAction::triggered, this, [this, index] {
-            if (index != m_chosen) {
-                writeThrough(*this, m_binding, index);
-            }
-        });
+        // Queued, since the write can be the end of the button and with it of the menu that is closing.
+        connect(
+            entry, &QAction::triggered, this,
+            [this, index] {
+                if (index != m_chosen) {
+                    writeThrough(*this, m_binding, index);
+                }
+            },
+            Qt::QueuedConnection);
     }
 }
 
