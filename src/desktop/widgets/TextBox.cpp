@@ -18,6 +18,13 @@
 
 namespace quillon {
 
+namespace {
+
+/// Keeps the scroll bar off the focus ring, in points.
+constexpr int edge = extent::focusRing;
+
+} // namespace
+
 TextBox::TextBox(Binding<std::string> binding, QWidget* parent)
     : TextBox(std::move(binding), Options(), parent) {}
 
@@ -33,7 +40,9 @@ TextBox::TextBox(Binding<std::string> binding, Options options, QWidget* parent)
     setUndoRedoEnabled(false);
     setPlaceholderText(m_options.prompt);
     setFont(theme().font(TextSize::Body));
-    document()->setDocumentMargin(distance::inside);
+    // Room belongs outside of the viewport, where no text scrolls through.
+    document()->setDocumentMargin(0);
+    setContentsMargins(edge, edge, edge, edge);
     connect(this, &QPlainTextEdit::textChanged, this, &TextBox::write);
     connect(&theme(), &Theme::changed, this, [this] { update(); });
     refresh();
@@ -95,11 +104,11 @@ void TextBox::fitHeight() {
         }
     }
     height = std::max(height, line * m_options.leastLines);
-    const int around = std::max(0, static_cast<int>(extent::control - line) / 2 - distance::inside);
-    setViewportMargins(distance::inside, around, distance::inside, around);
+    const int above = std::max(edge, static_cast<int>(extent::control - line) / 2);
+    constexpr int beside = distance::beside - edge;
+    setViewportMargins(beside, above - edge, beside, above - edge);
     setVerticalScrollBarPolicy(lines > m_options.mostLines ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-    setFixedHeight(
-        std::max(extent::control, static_cast<int>(std::ceil(height)) + 2 * (around + distance::inside)));
+    setFixedHeight(std::max(extent::control, static_cast<int>(std::ceil(height)) + 2 * above));
 }
 
 void TextBox::resizeEvent(QResizeEvent* event) {
