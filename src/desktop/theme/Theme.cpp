@@ -34,8 +34,7 @@ QPalette paletteOf(const ThemeColors& colors) {
     set({QPalette::Shadow}, colors.shadow);
     palette.setColor(QPalette::Inactive, QPalette::Highlight, colors.selection);
     palette.setColor(QPalette::Inactive, QPalette::HighlightedText, colors.text);
-    for (const auto role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::PlaceholderText}) {
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         palette.setColor(QPalette::Disabled, role, colors.textTertiary);
     }
     palette.setColor(QPalette::Disabled, QPalette::Highlight, colors.selection);

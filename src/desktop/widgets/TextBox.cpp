@@ -30,7 +30,8 @@ TextBox::TextBox(Binding<std::string> binding, QWidget* parent)
 
 TextBox::TextBox(Binding<std::string> binding, Options options, QWidget* parent)
     : QPlainTextEdit(parent), m_typed(std::move(binding)), m_options(std::move(options)) {
-    setFrameShape(QFrame::NoFrame);
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(edge);
     setAttribute(Qt::WA_Hover);
     viewport()->setAutoFillBackground(false);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -42,7 +43,6 @@ TextBox::TextBox(Binding<std::string> binding, Options options, QWidget* parent)
     setFont(theme().font(TextSize::Body));
     // Room belongs outside of the viewport, where no text scrolls through.
     document()->setDocumentMargin(0);
-    setContentsMargins(edge, edge, edge, edge);
     connect(this, &QPlainTextEdit::textChanged, this, &TextBox::write);
     connect(&theme(), &Theme::changed, this, [this] { update(); });
     refresh();
@@ -104,9 +104,10 @@ void TextBox::fitHeight() {
         }
     }
     height = std::max(height, line * m_options.leastLines);
-    const int above = std::max(edge, static_cast<int>(extent::control - line) / 2);
+    const int above = std::max(edge + 1, static_cast<int>(extent::control - line) / 2);
     constexpr int beside = distance::beside - edge;
-    setViewportMargins(beside, above - edge, beside, above - edge);
+    // The toolkit shows a line whole only where a point is left below it.
+    setViewportMargins(beside, above - edge, beside, above - edge - 1);
     setVerticalScrollBarPolicy(lines > m_options.mostLines ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
     setFixedHeight(std::max(extent::control, static_cast<int>(std::ceil(height)) + 2 * above));
 }
