@@ -5,6 +5,7 @@
 #include "desktop/widgets/PushButton.h"
 #include "desktop/widgets/TextLabel.h"
 
+#include <QHBoxLayout>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -40,7 +41,6 @@ TextLabel* makeText(const QString& text, TextLook look, const char* objectName, 
     auto* label = new TextLabel(text, look, parent);
     label->setObjectName(QLatin1String(objectName));
     label->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-    label->setMaximumWidth(extent::emptyStateText);
     return label;
 }
 
@@ -50,18 +50,27 @@ EmptyState::EmptyState(const Content& content, QWidget* parent) : QWidget(parent
     setObjectName(QStringLiteral("emptyState"));
     setAccessibleName(content.title);
     setAccessibleDescription(content.description);
-    auto* column = new QVBoxLayout(this);
-    column->setContentsMargins(distance::around, distance::around, distance::around, distance::around);
+    auto* middle = new QWidget(this);
+    middle->setMaximumWidth(extent::emptyStateText);
+    auto* across = new QHBoxLayout(this);
+    across->setContentsMargins(distance::around, distance::around, distance::around, distance::around);
+    // The middle takes all there is, up to its greatest width; the sides take what it leaves.
+    constexpr int nearlyAll = 1000;
+    across->addStretch(1);
+    across->addWidget(middle, nearlyAll);
+    across->addStretch(1);
+    auto* column = new QVBoxLayout(middle);
+    column->setContentsMargins({});
     column->setSpacing(distance::beside);
     column->addStretch();
-    column->addWidget(new LargeSymbol(content.symbol, this), 0, Qt::AlignHCenter);
-    column->addWidget(makeText(content.title, {TextSize::Title, QFont::DemiBold}, "emptyStateTitle", this));
+    column->addWidget(new LargeSymbol(content.symbol, middle), 0, Qt::AlignHCenter);
+    column->addWidget(makeText(content.title, {TextSize::Title, QFont::DemiBold}, "emptyStateTitle", middle));
     if (!content.description.isEmpty()) {
         const TextLook look = {TextSize::Body, QFont::Normal, &ThemeColors::textSecondary};
-        column->addWidget(makeText(content.description, look, "emptyStateText", this));
+        column->addWidget(makeText(content.description, look, "emptyStateText", middle));
     }
     if (content.action) {
-        auto* button = new PushButton(content.action->title, ButtonKind::Bordered, {}, this);
+        auto* button = new PushButton(content.action->title, ButtonKind::Bordered, {}, middle);
         button->setObjectName(QStringLiteral("emptyStateAction"));
         connect(button, &PushButton::clicked, this, [run = content.action->run] { run(); });
         column->addSpacing(distance::groups - distance::beside);

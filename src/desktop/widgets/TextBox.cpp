@@ -18,12 +18,20 @@
 
 namespace quillon {
 
+namespace {
+
+/// Keeps the scroll bar off the focus ring, in points.
+constexpr int edge = extent::focusRing;
+
+} // namespace
+
 TextBox::TextBox(Binding<std::string> binding, QWidget* parent)
     : TextBox(std::move(binding), Options(), parent) {}
 
 TextBox::TextBox(Binding<std::string> binding, Options options, QWidget* parent)
     : QPlainTextEdit(parent), m_typed(std::move(binding)), m_options(std::move(options)) {
-    setFrameShape(QFrame::NoFrame);
+    setFrameStyle(QFrame::Box | QFrame::Plain);
+    setLineWidth(edge);
     setAttribute(Qt::WA_Hover);
     viewport()->setAutoFillBackground(false);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -33,7 +41,8 @@ TextBox::TextBox(Binding<std::string> binding, Options options, QWidget* parent)
     setUndoRedoEnabled(false);
     setPlaceholderText(m_options.prompt);
     setFont(theme().font(TextSize::Body));
-    document()->setDocumentMargin(distance::inside);
+    // Room belongs outside of the viewport, where no text scrolls through.
+    document()->setDocumentMargin(0);
     connect(this, &QPlainTextEdit::textChanged, this, &TextBox::write);
     connect(&theme(), &Theme::changed, this, [this] { update(); });
     refresh();
@@ -95,11 +104,12 @@ void TextBox::fitHeight() {
         }
     }
     height = std::max(height, line * m_options.leastLines);
-    const int around = std::max(0, static_cast<int>(extent::control - line) / 2 - distance::inside);
-    setViewportMargins(distance::inside, around, distance::inside, around);
+    const int above = std::max(edge + 1, static_cast<int>(extent::control - line) / 2);
+    constexpr int beside = distance::beside - edge;
+    // The toolkit shows a line whole only where a point is left below it.
+    setViewportMargins(beside, above - edge, beside, above - edge - 1);
     setVerticalScrollBarPolicy(lines > m_options.mostLines ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
-    setFixedHeight(
-        std::max(extent::control, static_cast<int>(std::ceil(height)) + 2 * (around + distance::inside)));
+    setFixedHeight(std::max(extent::control, static_cast<int>(std::ceil(height)) + 2 * above));
 }
 
 void TextBox::resizeEvent(QResizeEvent* event) {

@@ -6,8 +6,6 @@
 #include <QPainter>
 #include <QToolTip>
 
-#include <algorithm>
-
 namespace quillon {
 
 TextLabel::TextLabel(const QString& text, const TextLook& look, QWidget* parent)
@@ -45,11 +43,6 @@ QSize TextLabel::minimumSizeHint() const {
         return whole;
     }
     return {fontMetrics().horizontalAdvance(QChar(0x2026)), whole.height()};
-}
-
-int TextLabel::heightForWidth(int width) const {
-    // A layout asks for the width of the place, which may be wider than the label becomes.
-    return QLabel::heightForWidth(std::min(width, maximumWidth()));
 }
 
 void TextLabel::paintEvent(QPaintEvent*) {

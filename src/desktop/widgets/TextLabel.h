@@ -31,7 +31,6 @@ public:
     void setControl(QWidget* control);
 
     QSize minimumSizeHint() const override;
-    int heightForWidth(int width) const override;
 
 Q_SIGNALS:
     void clicked();

@@ -43,8 +43,10 @@ int movedCaret(QStringView before, QStringView after, int place) {
         while (end < longest && before[before.size() - 1 - end] == after[after.size() - 1 - end]) {
             ++end;
         }
-        const qsizetype fromEnd = std::max(before.size() - place, end);
-        place = static_cast<int>(std::max(beginning, after.size() - fromEnd));
+        const qsizetype fromEnd = before.size() - place;
+        const qsizetype moved =
+            fromEnd <= end ? after.size() - fromEnd : std::min<qsizetype>(place, after.size() - end);
+        place = static_cast<int>(moved);
     }
     const bool isWithin = place > 0 && place < after.size() && after[place].isLowSurrogate();
     return isWithin ? place - 1 : place;
