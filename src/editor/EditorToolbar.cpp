@@ -4,6 +4,7 @@
 #include "desktop/widgets/ToolbarButton.h"
 #include "editor/ComponentAddMenu.h"
 #include "editor/EditorWindowState.h"
+#include "editor/commands/Keys.h"
 #include "editor/toolbar/ToolbarPreviewControlStrip.h"
 
 #include <QHBoxLayout>
@@ -28,10 +29,11 @@ ToolbarSymbolButton* makeButton(const char* objectName, const char* symbol, cons
 
 EditorToolbar::EditorToolbar(EditorWindowState& state, const std::function<void(const ComponentRole&)>& onAdd,
                              QWidget* parent)
-    : QWidget(parent), m_state(state), m_outline(makeButton("toggleOutline", "sidebar.leading", tr("Outline"),
-                                                            tr("Toggle the outline"), this)),
+    : QWidget(parent), m_state(state),
+      m_outline(makeButton("toggleOutline", "sidebar.leading", tr("Outline"),
+                           keys::withKey(tr("Toggle the outline"), keys::showOutline), this)),
       m_inspector(makeButton("toggleInspector", "sidebar.trailing", tr("Inspector"),
-                             tr("Toggle the inspector"), this)) {
+                             keys::withKey(tr("Toggle the inspector"), keys::showInspector), this)) {
     setObjectName(QStringLiteral("toolbar"));
     setAccessibleName(tr("Toolbar"));
     setFixedHeight(toolbarHeight);

@@ -67,11 +67,17 @@ EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& sche
         }
     });
     refresh();
-    // Else the first control of the toolbar would have the keyboard, and show it, in every new window.
-    parts.outline->setFocus();
 }
 
 EditorView::~EditorView() = default;
+
+void EditorView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    // Else the first control of the toolbar would have the keyboard, and show it, in every new window.
+    if (!window()->focusWidget()) {
+        m_parts->outline->setFocus();
+    }
+}
 
 DocumentStore& EditorView::store() const {
     return m_parts->store;

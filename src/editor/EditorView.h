@@ -37,6 +37,9 @@ Q_SIGNALS:
     /// The article's page is complete.
     void pageShown();
 
+protected:
+    void showEvent(QShowEvent* event) override;
+
 private:
     void refresh();
     void showPreview();

@@ -5,6 +5,7 @@
 #include "desktop/theme/Symbols.h"
 #include "editor/EditorView.h"
 #include "editor/EditorWindowState.h"
+#include "editor/commands/Keys.h"
 #include "editor/commands/MenuItem.h"
 
 #include <functional>
@@ -71,8 +72,8 @@ void EditorCommands::addModes() {
                          }},
                         [&parts, mode] { return parts.state.mode() == mode; });
     };
-    add(PreviewMode::rendered, "showPreview", "Ctrl+2");
-    add(PreviewMode::json, "showJSON", "Ctrl+3");
+    add(PreviewMode::rendered, "showPreview", keys::showPreview);
+    add(PreviewMode::json, "showJSON", keys::showJSON);
     parts.menu.addSeparator();
 }
 
@@ -95,7 +96,7 @@ void EditorCommands::addChoices() {
     }
     parts.enable(devices->menuAction(), isPage);
     QAction* rotate =
-        addMenuItem(parts.menu, {"rotate", tr("&Rotate Preview"), {QKeySequence("Ctrl+R")}, [&parts] {
+        addMenuItem(parts.menu, {"rotate", tr("&Rotate Preview"), {QKeySequence(keys::rotate)}, [&parts] {
                                      parts.state.flipOrientation();
                                  }});
     parts.enable(rotate,
@@ -143,7 +144,7 @@ void EditorCommands::addColumns() {
     parts.addMarked(parts.menu,
                     {"showOutline",
                      tr("Out&line"),
-                     {QKeySequence("Ctrl+Alt+1")},
+                     {QKeySequence(keys::showOutline)},
                      [&parts] {
                          parts.state.toggleOutline();
                      }},
@@ -151,12 +152,12 @@ void EditorCommands::addColumns() {
     parts.addMarked(parts.menu,
                     {"showInspector",
                      tr("Ins&pector"),
-                     {QKeySequence("Ctrl+Alt+2")},
+                     {QKeySequence(keys::showInspector)},
                      [&parts] {
                          parts.state.toggleInspector();
                      }},
                     [&parts] { return parts.state.sidebars().inspector; });
-    addMenuItem(parts.menu, {"toggleSidebars", tr("&Toggle Sidebars"), {QKeySequence("Ctrl+1")}, [&parts] {
+    addMenuItem(parts.menu, {"toggleSidebars", tr("&Toggle Sidebars"), {QKeySequence(keys::toggleSidebars)}, [&parts] {
                                  parts.state.toggleSidebars();
                              }});
     parts.menu.addSeparator();

@@ -6,6 +6,7 @@
 #include "desktop/widgets/ToolbarButton.h"
 #include "desktop/widgets/ToolbarControlPill.h"
 #include "editor/EditorWindowState.h"
+#include "editor/commands/Keys.h"
 #include "preview/PreviewFrame.h"
 
 #include <QActionGroup>
@@ -55,6 +56,8 @@ void ToolbarPreviewControlStrip::Parts::makeModePill(QWidget* parent) {
     for (const PreviewMode mode : {PreviewMode::rendered, PreviewMode::json}) {
         auto* button = new ToolbarModeButton(text(title(mode)), pill);
         button->setObjectName(QStringLiteral("mode") + text(title(mode)));
+        button->setToolTip(keys::withKey(text(title(mode)),
+                                         mode == PreviewMode::rendered ? keys::showPreview : keys::showJSON));
         connect(button, &QAbstractButton::clicked, pill, [this, mode] {
             state.setMode(mode);
             // The press on the chosen one has taken its mark away.
@@ -88,7 +91,7 @@ void ToolbarPreviewControlStrip::Parts::makeDevicePill(QWidget* parent) {
 
     orientation = new ToolbarLooseControlLabel(Chevron::hidden, devicePill);
     orientation->setObjectName(QStringLiteral("orientation"));
-    orientation->setToolTip(tr("Toggle preview orientation"));
+    orientation->setToolTip(keys::withKey(tr("Toggle preview orientation"), keys::rotate));
     connect(orientation, &QAbstractButton::clicked, devicePill, [this] { state.flipOrientation(); });
     devicePill->add(orientation);
 }
