@@ -10,7 +10,11 @@
 #include "desktop/widgets/TextLabel.h"
 #include "desktop/widgets/WidgetState.h"
 
+#include <QAccessible>
 #include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
@@ -97,6 +101,13 @@ TEST_F(FieldWidgetsTest, eachKeyIsWrittenAndUndoIsLeftToTheWindow) {
         QTest::keyClick(typed, Qt::Key_Z, Qt::ControlModifier);
         window.actions().first()->setEnabled(true);
         EXPECT_EQ(text, "ab") << "the field has no undo of its own";
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+        QCoreApplication::sendEvent(typed, &asked);
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(menu);
+        EXPECT_TRUE(menu->actions().first()->text().startsWith("Cu&t"))
+            << menu->actions().first()->text().toStdString();
+        menu->close();
         EXPECT_EQ(field->text(), "ab");
         EXPECT_EQ(box->text(), "ab");
     }
@@ -227,6 +238,7 @@ TEST_F(FieldWidgetsTest, aGroupIsBuiltWhenItOpensAndRefreshedWhileItIsOpen) {
         EXPECT_EQ(field->text().toStdString() == text, field->isVisible());
         QTest::keyClick(header, key);
         EXPECT_EQ(group->isOpen(), isOpen) << key;
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(header)->state().expanded, isOpen) << key;
         EXPECT_EQ(field->isVisible(), isOpen) << key;
         EXPECT_TRUE(!isOpen || field->text().toStdString() == text);
     }
