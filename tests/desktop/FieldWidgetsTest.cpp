@@ -4,20 +4,28 @@
 #include "desktop/widgets/CheckBox.h"
 #include "desktop/widgets/DisclosureGroup.h"
 #include "desktop/widgets/DisclosureHeader.h"
+#include "desktop/widgets/EmptyState.h"
 #include "desktop/widgets/Row.h"
 #include "desktop/widgets/TextBox.h"
 #include "desktop/widgets/TextField.h"
 #include "desktop/widgets/TextLabel.h"
 #include "desktop/widgets/WidgetState.h"
 
+#include <QAccessible>
 #include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
-#include <memory>
+#include <algorithm>
+#include <string>
+#include <tuple>
+#include <utility>
 #include <vector>
 
 namespace quillon::test {
@@ -69,12 +77,12 @@ protected:
             [](const std::string& typed) { return QString::fromStdString(typed).toDouble(); });
     }
 
-    QWidget window;
-    QVBoxLayout* column;
     std::string text;
     std::vector<std::string> written;
     double value = 0;
     int undone = 0;
+    QWidget window; ///< gone before what its fields show
+    QVBoxLayout* column;
 };
 
 } // namespace
@@ -97,6 +105,13 @@ TEST_F(FieldWidgetsTest, eachKeyIsWrittenAndUndoIsLeftToTheWindow) {
         QTest::keyClick(typed, Qt::Key_Z, Qt::ControlModifier);
         window.actions().first()->setEnabled(true);
         EXPECT_EQ(text, "ab") << "the field has no undo of its own";
+        QContextMenuEvent asked(QContextMenuEvent::Keyboard, {}, {});
+        QCoreApplication::sendEvent(typed, &asked);
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(menu);
+        EXPECT_TRUE(menu->actions().first()->text().startsWith("Cu&t"))
+            << menu->actions().first()->text().toStdString();
+        menu->close();
         EXPECT_EQ(field->text(), "ab");
         EXPECT_EQ(box->text(), "ab");
     }
@@ -111,34 +126,30 @@ TEST_F(FieldWidgetsTest, aRefreshKeepsTheCaretBesideWhatItStoodBeside) {
     auto* field = add(new TextField(textBinding()));
     auto* box = add(new TextBox(textBinding()));
     showWindow();
-    struct Case {
-        std::string before;
-        int caret;
-        std::string after;
-        int moved;
-    };
-    const std::vector<Case> cases = {{"one two", 3, "one two", 3},     {"one two", 3, "one two three", 3},
-                                     {"one two", 7, "one, two", 8},    {"one two", 4, "two", 0},
-                                     {"one two three", 5, "one x", 5}, {"one two", 7, "", 0},
-                                     {"ab", 1, "\xF0\x9F\x99\x82", 0}, {"ab", 1, "Xab", 2}};
-    for (const Case& each : cases) {
-        text = each.before;
+    const std::vector<std::tuple<std::string, int, std::string, int>> cases = {
+        {"one two", 3, "one two", 3},
+        {"one two", 3, "one two three", 3},
+        {"one two", 7, "one, two", 8},
+        {"one two", 4, "two", 0},
+        {"one two three", 5, "one x", 5},
+        {"one two", 7, "", 0},
+        {"ab", 1, "🙂", 0},
+        {"ab", 1, "Xab", 2}};
+    for (const auto& [before, caret, after, moved] : cases) {
+        text = before;
         refreshControls(window);
         field->setFocus();
-        field->setCursorPosition(each.caret);
-        text = each.after;
+        field->setCursorPosition(caret);
+        text = after;
         field->refresh();
-        EXPECT_EQ(field->text().toStdString(), each.after);
-        EXPECT_EQ(field->cursorPosition(), each.moved) << each.before << " -> " << each.after;
-        text = each.before;
-        box->refresh();
+        EXPECT_EQ(field->text().toStdString(), after);
+        EXPECT_EQ(field->cursorPosition(), moved) << before << " -> " << after;
         box->setFocus();
         QTextCursor cursor = box->textCursor();
-        cursor.setPosition(each.caret);
+        cursor.setPosition(caret);
         box->setTextCursor(cursor);
-        text = each.after;
         box->refresh();
-        EXPECT_EQ(box->textCursor().position(), each.moved) << each.before << " -> " << each.after;
+        EXPECT_EQ(box->textCursor().position(), moved) << before << " -> " << after;
     }
     EXPECT_TRUE(written.empty()) << "what is shown is not written";
 }
@@ -183,15 +194,13 @@ TEST_F(FieldWidgetsTest, aBoxGrowsThenScrollsAndTabLeavesIt) {
     EXPECT_EQ(box->height(), heights[2]) << "lines that are wrapped count";
     QTest::keyClick(box, Qt::Key_Tab);
     EXPECT_TRUE(next->hasFocus());
-    text = "no\xC2\xA0"
-           "break\r\nat all";
+    text = "no\u00A0break\r\nat all";
     box->refresh();
     EXPECT_TRUE(written.back().find('m') == std::string::npos) << "a refresh writes nothing";
     box->setFocus();
     QTest::keyClick(box, Qt::Key_End, Qt::ControlModifier);
     QTest::keyClicks(box, "!");
-    EXPECT_EQ(text, "no\xC2\xA0"
-                    "break\nat all!");
+    EXPECT_EQ(text, "no\u00A0break\nat all!");
 }
 
 TEST_F(FieldWidgetsTest, aGroupIsBuiltWhenItOpensAndRefreshedWhileItIsOpen) {
@@ -212,21 +221,16 @@ TEST_F(FieldWidgetsTest, aGroupIsBuiltWhenItOpensAndRefreshedWhileItIsOpen) {
     EXPECT_TRUE(isOn && group->isOpen());
     EXPECT_EQ(made, 1);
     auto* field = static_cast<TextField*>(group->content());
-    struct Press {
-        Qt::Key key;
-        bool isOpen;
-    };
-    for (const auto& [key, isOpen] : {Press{Qt::Key_Left, false},
-                                      {Qt::Key_Left, false},
-                                      {Qt::Key_Right, true},
-                                      {Qt::Key_Right, true},
-                                      {Qt::Key_Space, false},
-                                      {Qt::Key_Return, true}}) {
+    const std::vector<std::pair<Qt::Key, bool>> presses = {{Qt::Key_Left, false},  {Qt::Key_Left, false},
+                                                           {Qt::Key_Right, true},  {Qt::Key_Right, true},
+                                                           {Qt::Key_Space, false}, {Qt::Key_Return, true}};
+    for (const auto& [key, isOpen] : presses) {
         text += "x";
         refreshControls(window);
         EXPECT_EQ(field->text().toStdString() == text, field->isVisible());
         QTest::keyClick(header, key);
         EXPECT_EQ(group->isOpen(), isOpen) << key;
+        EXPECT_EQ(QAccessible::queryAccessibleInterface(header)->state().expanded, isOpen) << key;
         EXPECT_EQ(field->isVisible(), isOpen) << key;
         EXPECT_TRUE(!isOpen || field->text().toStdString() == text);
     }
@@ -253,6 +257,30 @@ TEST_F(FieldWidgetsTest, aRowsLabelNamesItsControlAndGivesItTheKeyboard) {
     }
 }
 
+TEST_F(FieldWidgetsTest, anEmptyPlaceFitsWhereItStandsAndOffersItsAction) {
+    int added = 0;
+    auto* empty = add(new EmptyState({.symbol = "paintbrush",
+                                      .title = "No Text Styles",
+                                      .description = "Styles that several components share stand here.",
+                                      .action = EmptyState::Action{"Add Style", [&] {
+                                                                       ++added;
+                                                                   }}}));
+    showWindow();
+    auto* button = empty->findChild<QWidget*>("emptyStateAction");
+    EXPECT_EQ(button->accessibleName(), "Add Style");
+    QTest::keyClick(button, Qt::Key_Return);
+    EXPECT_EQ(added, 1);
+    const QWidget* words = empty->findChild<QWidget*>("emptyStateText");
+    for (const int width : {900, 220}) {
+        window.resize(width, 300);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(window.width(), width);
+        EXPECT_LE(words->width(), extent::emptyStateText);
+        EXPECT_NEAR(words->mapTo(&window, words->rect().center()).x(), width / 2, 1);
+        EXPECT_GE(words->height(), static_cast<const TextLabel*>(words)->heightForWidth(words->width()));
+    }
+}
+
 TEST_F(FieldWidgetsTest, eachStateHasALookOfItsOwn) {
     const auto makeNothing = [](QWidget* parent) {
         return new QWidget(parent);
@@ -262,18 +290,15 @@ TEST_F(FieldWidgetsTest, eachStateHasALookOfItsOwn) {
                                            new TextBox(textBinding(), {.prompt = "Prompt"}, &window),
                                            group->findChild<DisclosureHeader*>()};
     showWindow();
-    for (const Appearance appearance : {Appearance::Light, Appearance::Dark}) {
-        theme().pin(appearance);
-        for (QWidget* widget : widgets) {
-            std::vector<QImage> looks;
-            for (const ControlState& state :
-                 {ControlState{}, {.hovered = true}, {.focused = true}, {.enabled = false}}) {
-                pretendState(*widget, state);
-                const QImage look = widget->grab().toImage();
-                EXPECT_EQ(std::ranges::count(looks, look), 0)
-                    << widget->metaObject()->className() << looks.size();
-                looks.push_back(look);
-            }
+    const std::vector<ControlState> states = {{}, {.hovered = true}, {.focused = true}, {.enabled = false}};
+    for (QWidget* widget : widgets) {
+        std::vector<QImage> looks;
+        for (std::size_t each = 0; each < 2 * states.size(); ++each) {
+            theme().pin(each < states.size() ? Appearance::Light : Appearance::Dark);
+            pretendState(*widget, states[each % states.size()]);
+            const QImage look = widget->grab().toImage();
+            EXPECT_EQ(std::ranges::count(looks, look), 0) << widget->metaObject()->className() << each;
+            looks.push_back(look);
         }
     }
     theme().pin(std::nullopt);

@@ -4,6 +4,7 @@
 #include "desktop/theme/Theme.h"
 #include "desktop/widgets/WidgetState.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QPainter>
 
@@ -23,10 +24,41 @@ QFont titleFont() {
     return theme().font(TextSize::Body, QFont::DemiBold);
 }
 
+/// Tells those who hear the window whether the group is open, and lets them toggle it.
+class AccessibleHeader : public QAccessibleWidget {
+public:
+    explicit AccessibleHeader(DisclosureHeader* header) : QAccessibleWidget(header, QAccessible::Button) {}
+
+    QAccessible::State state() const override {
+        QAccessible::State told = QAccessibleWidget::state();
+        told.expandable = true;
+        told.expanded = header().isOpen();
+        told.collapsed = !told.expanded;
+        return told;
+    }
+    QStringList actionNames() const override { return {toggleAction(), setFocusAction()}; }
+    void doAction(const QString& name) override {
+        if (name == toggleAction()) {
+            header().click();
+            return;
+        }
+        QAccessibleWidget::doAction(name);
+    }
+
+private:
+    DisclosureHeader& header() const { return *static_cast<DisclosureHeader*>(widget()); }
+};
+
+QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+    auto* header = qobject_cast<DisclosureHeader*>(object);
+    return header ? new AccessibleHeader(header) : nullptr;
+}
+
 } // namespace
 
 DisclosureHeader::DisclosureHeader(const QString& title, QWidget* parent)
     : QAbstractButton(parent), m_angle(closedAngle) {
+    [[maybe_unused]] static const bool isInstalled = (QAccessible::installFactory(makeAccessible), true);
     setObjectName(QStringLiteral("disclosureHeader"));
     setText(title);
     setAccessibleName(title);
@@ -47,10 +79,15 @@ DisclosureHeader::DisclosureHeader(const QString& title, QWidget* parent)
 }
 
 void DisclosureHeader::setOpen(bool isOpen) {
-    if (isOpen != m_isOpen) {
-        m_isOpen = isOpen;
-        turnTo(isOpen ? openAngle : closedAngle);
+    if (isOpen == m_isOpen) {
+        return;
     }
+    m_isOpen = isOpen;
+    turnTo(isOpen ? openAngle : closedAngle);
+    QAccessible::State changed;
+    changed.expanded = true;
+    QAccessibleStateChangeEvent told(this, changed);
+    QAccessible::updateAccessibility(&told);
 }
 
 void DisclosureHeader::turnTo(double angle) {

@@ -117,6 +117,10 @@ void TextBox::resizeEvent(QResizeEvent* event) {
     fitHeight();
 }
 
+void TextBox::contextMenuEvent(QContextMenuEvent* event) {
+    openTextMenu(createStandardContextMenu(), event->globalPos());
+}
+
 bool TextBox::event(QEvent* event) {
     if (event->type() == QEvent::Paint) {
         QPainter painter(this);
@@ -146,13 +150,6 @@ void TextBox::focusOutEvent(QFocusEvent* event) {
     if (const auto shown = m_typed.toShow(TypedText::Typing::isOver)) {
         showText(*shown, TypedText::Typing::isOver);
     }
-}
-
-void TextBox::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu* menu = createStandardContextMenu();
-    removeHistory(*menu);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(event->globalPos());
 }
 
 } // namespace quillon

@@ -139,10 +139,7 @@ void TextField::focusOutEvent(QFocusEvent* event) {
 }
 
 void TextField::contextMenuEvent(QContextMenuEvent* event) {
-    QMenu* menu = createStandardContextMenu();
-    removeHistory(*menu);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(event->globalPos());
+    openTextMenu(createStandardContextMenu(), event->globalPos());
 }
 
 void TextField::resizeEvent(QResizeEvent* event) {

@@ -65,16 +65,17 @@ bool isHistoryKey(const QKeyEvent& key) {
     return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo);
 }
 
-void removeHistory(QMenu& menu) {
-    for (QAction* action : menu.actions()) {
-        if (action->objectName() == QLatin1String("edit-undo") ||
-            action->objectName() == QLatin1String("edit-redo")) {
-            menu.removeAction(action);
+void openTextMenu(QMenu* menu, const QPoint& place) {
+    // The first group of the toolkit's menu undoes and redoes.
+    bool isHistory = true;
+    for (QAction* action : menu->actions()) {
+        if (isHistory) {
+            isHistory = !action->isSeparator();
+            menu->removeAction(action);
         }
     }
-    if (!menu.isEmpty() && menu.actions().first()->isSeparator()) {
-        menu.removeAction(menu.actions().first());
-    }
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->popup(place);
 }
 
 } // namespace quillon

@@ -44,7 +44,8 @@ bool endsTyping(Qt::FocusReason reason);
 
 /// Whether `key` undoes or redoes. Fields leave that to their window, which undoes in the document.
 bool isHistoryKey(const QKeyEvent& key);
-/// Takes undo and redo out of a field's menu.
-void removeHistory(QMenu& menu);
+/// Opens the toolkit's menu of a field that can be typed into, without undo and redo, at `place` of the
+/// screen.
+void openTextMenu(QMenu* menu, const QPoint& place);
 
 } // namespace quillon
