@@ -10,7 +10,7 @@
 #include "editor/JSONSourceView.h"
 #include "editor/PreviewPane.h"
 #include "editor/inspectors/InspectorColumn.h"
-#include "editor/outline/OutlineList.h"
+#include "editor/outline/ComponentOutlineView.h"
 #include "preview/ArticleDerivedContentCache.h"
 
 #include <QVBoxLayout>
@@ -52,7 +52,7 @@ EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& sche
     middle->setSpacing(0);
     auto* toolbar = new EditorToolbar(
         parts.state, [&store](const ComponentRole& role) { addComponent(store, role); }, this);
-    parts.outline = new OutlineList(store, this);
+    parts.outline = new ComponentOutlineView(store, settings, this);
     parts.inspector = new InspectorColumn(store, this);
     parts.columns = new EditorColumns(parts.outline, parts.middle, parts.inspector, this);
     auto* column = new QVBoxLayout(this);
