@@ -205,6 +205,16 @@ bool isAscii(std::string_view text) {
                        [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
 }
 
+bool mayReadRightToLeft(std::string_view text) {
+    // The first bytes of U+0580 to U+07FF.
+    std::size_t count = 0;
+    for (const char byte : text) {
+        const auto value = static_cast<unsigned char>(byte);
+        count += static_cast<std::size_t>(value >= 0xD6U && value <= 0xDFU);
+    }
+    return count > 0;
+}
+
 std::size_t utf16Length(std::string_view text) {
     std::size_t units = 0;
     for (const char byte : text) {

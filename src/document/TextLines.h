@@ -60,6 +60,9 @@ std::size_t columnsOf(std::string_view text);
 /// Whether all bytes are below 0x80.
 bool isAscii(std::string_view text);
 
+/// Whether some of `text` is Hebrew, Arabic or of a script beside them; those of antiquity are left out.
+bool mayReadRightToLeft(std::string_view text);
+
 /// The UTF-16 units that valid UTF-8 becomes.
 std::size_t utf16Length(std::string_view text);
 
