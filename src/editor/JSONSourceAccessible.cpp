@@ -130,9 +130,11 @@ void installJSONSourceAccessibility() {
 }
 
 void tellOfText(JSONSourceView& view) {
+    // Not what was taken out and put in, which would send all of both texts to another process.
     if (QAccessible::isActive()) {
-        QAccessibleEvent event(&view, QAccessible::TextUpdated);
+        QAccessibleEvent event(&view, QAccessible::VisibleDataChanged);
         QAccessible::updateAccessibility(&event);
+        tellOfSelection(view);
     }
 }
 

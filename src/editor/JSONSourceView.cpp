@@ -51,7 +51,7 @@ bool goesUpOrDown(CaretMotion motion) {
            motion == CaretMotion::previousPage || motion == CaretMotion::nextPage;
 }
 
-/// What a scroll bar can count.
+/// What a scroll bar can count: some fifty million lines, and columns of one.
 int bounded(double points) {
     return static_cast<int>(std::min<double>(points, std::numeric_limits<int>::max() / 2));
 }
@@ -64,6 +64,7 @@ JSONSourceView::JSONSourceView(QWidget* parent) : QAbstractScrollArea(parent) {
     setAccessibleName(tr("JSON"));
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::StrongFocus);
+    setAutoFillBackground(true);
     viewport()->setCursor(Qt::IBeamCursor);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     m_layout.setLines(m_lines);
@@ -75,7 +76,7 @@ JSONSourceView::~JSONSourceView() = default;
 
 void JSONSourceView::applyTheme() {
     m_layout.setFont(theme().monospacedFont(TextSize::Body));
-    // That of the scroll bars; the rest is painted.
+    // What is behind the scroll bars; the rest is painted.
     QPalette colors = palette();
     colors.setColor(QPalette::Window, theme().colors().surface);
     setPalette(colors);
@@ -97,6 +98,7 @@ void JSONSourceView::setJSON(const Shared<std::string>& json) {
     m_anchor = m_caret = caret > begin ? m_lines.boundaryUpTo(caret, begin) : begin;
     m_column.reset();
     m_autoScroll.stop();
+    m_dragged = {m_caret, m_caret}; // a drag that goes on does so from here
     updateBars();
     viewport()->update();
     tellOfText(*this);

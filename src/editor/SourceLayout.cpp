@@ -184,7 +184,11 @@ SourceLayout::Layout& SourceLayout::layoutOf(TextRange bytes) {
     }
     auto* made = new Layout;
     const std::string_view text = bytesOf(*m_lines, bytes);
-    made->text.setText(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+    QString units = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+    // The layout would begin a line of its own behind these.
+    constexpr QChar shown(u'↵');
+    units.replace(QChar(QChar::LineSeparator), shown).replace(QChar(QChar::ParagraphSeparator), shown);
+    made->text.setText(units);
     made->text.setFont(m_font);
     QTextOption option;
     option.setWrapMode(QTextOption::NoWrap);

@@ -133,6 +133,9 @@ TEST(TextLinesTest, utf16PlacesAndColumns) {
     check(0, 0);
     EXPECT_EQ(placeOfUtf16(text, 99), text.size());
     EXPECT_EQ(columnsOf(text), 7U);
+    EXPECT_FALSE(mayReadRightToLeft(text + "żжΩ"));
+    EXPECT_TRUE(mayReadRightToLeft(text + "ש"));
+    EXPECT_TRUE(mayReadRightToLeft(text + "م"));
     // Beyond the blocks in which it is counted, and across them.
     for (const std::size_t ahead : {4094U, 4095U, 4096U, 9000U}) {
         text = std::string(ahead, 'x') + "aé漢👍z";
