@@ -1,6 +1,7 @@
 #include "app/QuillonApp.h"
 
-#include "editor/EditorView.h"
+#include "app/DocumentScene.h"
+#include "desktop/theme/Theme.h"
 
 #include <QApplication>
 #include <QPixmap>
@@ -20,11 +21,12 @@ constexpr auto paintTime = 500ms; ///< from a page that is complete to one that 
 constexpr auto longestScreenshot = 60s;
 
 constexpr auto usage =
-    "Usage: quillon [--screenshot FILE] [PACKAGE...]\n"
+    "Usage: quillon [OPTION...] [PACKAGE...]\n"
     "Edits articles in Apple News Format. PACKAGE is the folder of an article.\n"
     "\n"
     "  -h, --help         print this text\n"
     "  -v, --version      print the version\n"
+    "  --appearance LOOK  be \"light\" or \"dark\", whatever the desktop is\n"
     "  --screenshot FILE  write a picture of the window as PNG once its page is there, and end\n"
     "  --                 what follows are packages, whatever they look like\n";
 
@@ -52,6 +54,9 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments) {
             return line;
         } else if (*argument == "--screenshot" && argument + 1 != arguments.end()) {
             line.screenshot = *++argument;
+        } else if (*argument == "--appearance" && argument + 1 != arguments.end() &&
+                   (argument[1] == "light" || argument[1] == "dark")) {
+            line.appearance = *++argument == "dark" ? Appearance::Dark : Appearance::Light;
         } else {
             line.answer = "quillon: unknown option " + *argument + "\n" + usage;
             line.isWrong = true;
@@ -64,7 +69,7 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments) {
 QuillonApp::QuillonApp()
     : m_documents(
           m_scheduler, m_settings,
-          [this](DocumentStore& store, QWidget* parent) { return makeEditor(store, parent); },
+          [this](DocumentStore& store, DocumentWindow& window) { return makeEditor(store, window); },
           recoveryFolder()),
       m_signals([this] {
           m_documents.flushRecovery();
@@ -77,6 +82,7 @@ QuillonApp::QuillonApp()
 
 int QuillonApp::run(const CommandLine& line) {
     m_screenshot = line.screenshot;
+    theme().pin(line.appearance);
     if (!m_screenshot.empty()) {
         QTimer::singleShot(longestScreenshot, &m_documents, [] { QCoreApplication::exit(1); });
         QObject::connect(&m_documents, &DocumentController::failed, [](const QString& detail) {
@@ -88,8 +94,14 @@ int QuillonApp::run(const CommandLine& line) {
     return QApplication::exec();
 }
 
-QWidget* QuillonApp::makeEditor(DocumentStore& store, QWidget* parent) {
-    auto* editor = new EditorView(store, m_settings, m_scheduler, parent);
+QWidget* QuillonApp::makeEditor(DocumentStore& store, DocumentWindow& window) {
+    const ProgramServices services{
+        .settings = m_settings,
+        .scheduler = m_scheduler,
+        .newDocument = [this](ArticleFileDocument document) { m_documents.newDocument(std::move(document)); },
+        .windows = [this] { return m_documents.windows(); },
+    };
+    EditorView* editor = makeDocumentScene(services, store, window);
     if (!m_screenshot.empty()) {
         QObject::connect(editor, &EditorView::pageShown, editor, [this, editor] {
             QTimer::singleShot(paintTime, editor, [this, editor] {

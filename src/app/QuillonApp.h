@@ -4,6 +4,7 @@
 #include "desktop/QtScheduler.h"
 #include "desktop/Settings.h"
 #include "desktop/TerminationSignals.h"
+#include "desktop/theme/Tokens.h"
 
 #include <optional>
 #include <string>
@@ -16,8 +17,9 @@ struct CommandLine {
     std::vector<std::string> packages;
     std::string
         screenshot; ///< file for a picture of the first page's window, to be taken in place of a session
-    std::optional<std::string> answer; ///< to be printed in place of starting the program
-    bool isWrong = false;              ///< then `answer` says why
+    std::optional<Appearance> appearance; ///< to keep to, whatever the desktop's is
+    std::optional<std::string> answer;    ///< to be printed in place of starting the program
+    bool isWrong = false;                 ///< then `answer` says why
 };
 
 /// Reads the arguments behind the program's name, without those that Qt has taken for itself.
@@ -32,7 +34,7 @@ public:
     int run(const CommandLine& line);
 
 private:
-    QWidget* makeEditor(DocumentStore& store, QWidget* parent);
+    QWidget* makeEditor(DocumentStore& store, DocumentWindow& window);
 
     std::string m_screenshot; ///< file for a picture of the window; empty where none is wanted
     QtScheduler m_scheduler;

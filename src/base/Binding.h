@@ -2,7 +2,9 @@
 
 #include "base/Shared.h"
 
+#include <concepts>
 #include <functional>
+#include <optional>
 #include <type_traits>
 #include <utility>
 
@@ -47,8 +49,8 @@ public:
 
     /// Leads to one field of the record. A record that is absent reads as an empty one, and writing the field
     /// brings it into being; all else in the record stays as it is at that moment.
-    template <typename Member>
-    Binding<Member> field(Member Record::*member) const {
+    template <typename Member, std::same_as<Record> Owner>
+    Binding<Member> field(Member Owner::*member) const {
         return {[get = m_get, member] {
                     const Held whole = get();
                     if constexpr (std::is_same_v<Held, Record>) {

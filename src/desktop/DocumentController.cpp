@@ -67,7 +67,10 @@ std::function<double()> DocumentController::clock() const {
 }
 
 DocumentSession& DocumentController::newDocument() {
-    auto document = makeNewDocument(makeBlankArticle(static_cast<std::int64_t>(wallClockSeconds())));
+    return newDocument(makeNewDocument(makeBlankArticle(static_cast<std::int64_t>(wallClockSeconds()))));
+}
+
+DocumentSession& DocumentController::newDocument(ArticleFileDocument document) {
     return add(std::make_unique<DocumentStore>(std::move(document), file::NeverSaved{}, clock()),
                m_recovery.newCopy());
 }
@@ -125,6 +128,14 @@ std::vector<DocumentSession*> DocumentController::sessions() const {
     std::vector<DocumentSession*> list;
     for (const Session& each : m_sessions) {
         list.push_back(each.session.get());
+    }
+    return list;
+}
+
+std::vector<DocumentWindow*> DocumentController::windows() const {
+    std::vector<DocumentWindow*> list;
+    for (const Session& each : m_sessions) {
+        list.push_back(&each.session->window());
     }
     return list;
 }

@@ -31,8 +31,9 @@ public:
     /// new document.
     void start(const std::vector<std::string>& packages);
 
-    /// A new article in a window of its own.
+    /// A new article in a window of its own: a blank one, or a document never saved.
     DocumentSession& newDocument();
+    DocumentSession& newDocument(ArticleFileDocument document);
 
     /// Opens the package at `path`, in the background; one that is open already comes to the front. What goes
     /// wrong is told on `asker`, or in a window of its own.
@@ -48,6 +49,7 @@ public:
     void flushRecovery();
 
     std::vector<DocumentSession*> sessions() const;
+    std::vector<DocumentWindow*> windows() const;
     RecentDocuments& recents() { return m_recents; }
 
 Q_SIGNALS:

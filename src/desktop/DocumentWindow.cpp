@@ -11,7 +11,6 @@
 #include <QHBoxLayout>
 #include <QKeySequence>
 #include <QLabel>
-#include <QMenu>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
@@ -58,12 +57,14 @@ QAction* addItem(QMenu& menu, const char* name, const QString& text, QKeySequenc
     return action;
 }
 
-QMenu* addMenu(QMenuBar& bar, const char* name, const QString& text) {
-    QMenu* menu = bar.addMenu(text);
-    menu->setObjectName(QLatin1String(name));
-    menu->setAccessibleName(QString(text).remove(QLatin1Char('&')));
-    return menu;
-}
+/// By WindowMenu.
+constexpr struct {
+    const char* name;
+    const char* text;
+} menuRows[] = {
+    {"fileMenu", "&File"},     {"editMenu", "&Edit"}, {"insertMenu", "&Insert"}, {"viewMenu", "&View"},
+    {"windowMenu", "&Window"}, {"betaMenu", "&Beta"}, {"helpMenu", "&Help"},
+};
 
 std::string firstFolder(const QMimeData* data) {
     for (const QUrl& url : data->urls()) {
@@ -98,12 +99,13 @@ DocumentWindow::DocumentWindow(DocumentStore& store, const MakeEditor& makeEdito
     setObjectName(QStringLiteral("documentWindow"));
     setAcceptDrops(true);
     auto* middle = new QWidget(this);
+    buildMenus();
     auto* column = new QVBoxLayout(middle);
     column->setContentsMargins({});
     column->setSpacing(0);
     buildNotice();
     column->addWidget(m_parts->notice);
-    column->addWidget(makeEditor(store, middle), 1);
+    column->addWidget(makeEditor(store, *this), 1);
     setCentralWidget(middle);
     statusBar()->setObjectName(QStringLiteral("statusBar"));
     statusBar()->setAccessibleName(QStringLiteral("Status"));
@@ -113,7 +115,6 @@ DocumentWindow::DocumentWindow(DocumentStore& store, const MakeEditor& makeEdito
     m_parts->warning->setTextFormat(Qt::PlainText);
     statusBar()->addPermanentWidget(m_parts->warning, 1);
     statusBar()->hide();
-    buildMenus();
     m_parts->subscription = store.observe([this](const StoreChange&) { showState(); });
     showState();
 }
@@ -133,8 +134,18 @@ void DocumentWindow::buildNotice() {
     m_parts->notice->hide();
 }
 
+QMenu& DocumentWindow::menu(WindowMenu menu) {
+    return *menuBar()->findChild<QMenu*>(QLatin1String(menuRows[static_cast<std::size_t>(menu)].name));
+}
+
 void DocumentWindow::buildMenus() {
-    QMenu* file = addMenu(*menuBar(), "fileMenu", QStringLiteral("&File"));
+    for (const auto& row : menuRows) {
+        const QString text = QString::fromUtf8(row.text);
+        QMenu* made = menuBar()->addMenu(text);
+        made->setObjectName(QLatin1String(row.name));
+        made->setAccessibleName(QString(text).remove(QLatin1Char('&')));
+    }
+    QMenu* file = &menu(WindowMenu::File);
     const auto add = [&](const Command& command) {
         QAction* action =
             addItem(*file, command.name, QString::fromUtf8(command.text), command.key, command.otherKey);
@@ -155,7 +166,7 @@ void DocumentWindow::buildMenus() {
     }
     file->insertSeparator(file->actions().last());
 
-    QMenu* edit = addMenu(*menuBar(), "editMenu", QStringLiteral("&Edit"));
+    QMenu* edit = &menu(WindowMenu::Edit);
     m_parts->undo = addItem(*edit, "undo", QStringLiteral("Undo"), QKeySequence::Undo, "Ctrl+Z");
     connect(m_parts->undo, &QAction::triggered, this, [this] { m_parts->store.undo(); });
     m_parts->redo = addItem(*edit, "redo", QStringLiteral("Redo"), QKeySequence::Redo, "Ctrl+Shift+Z");

@@ -3,6 +3,7 @@
 #include "document/DocumentStore.h"
 
 #include <QMainWindow>
+#include <QMenu>
 #include <QString>
 
 #include <functional>
@@ -20,8 +21,12 @@ struct NoticeAction {
     std::function<void()> action;
 };
 
-/// Makes what stands in the middle of a document's window.
-using MakeEditor = std::function<QWidget*(DocumentStore& store, QWidget* parent)>;
+/// The menus of a document window, in their order.
+enum class WindowMenu { File, Edit, Insert, View, Window, Beta, Help };
+
+class DocumentWindow;
+/// Makes what stands in the middle of a document's window, and fills the window's menus with its commands.
+using MakeEditor = std::function<QWidget*(DocumentStore& store, DocumentWindow& window)>;
 
 /// The window of one document. It shows how the store stands and passes on what the user asks for; it decides
 /// nothing.
@@ -32,6 +37,9 @@ public:
     /// `newName` is what stands in place of the folder's name before the first save.
     DocumentWindow(DocumentStore& store, const MakeEditor& makeEditor, QString newName);
     ~DocumentWindow() override;
+
+    /// File and Edit hold what every document has; all others are empty at first.
+    QMenu& menu(WindowMenu menu);
 
     void setRecentDocuments(const std::vector<RecentDocument>& documents);
 

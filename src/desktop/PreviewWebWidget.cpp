@@ -94,6 +94,7 @@ struct PreviewWebWidget::Parts {
     WebColorScheme colorScheme{page};
     View view;
     bool drawsBackground = true;
+    double zoom = 1;
     WantedPage wanted;
     std::uint64_t lastNumber = 0;
     std::uint64_t takenUp = 0;    ///< the page whose script the engine has fetched last
@@ -151,6 +152,11 @@ void PreviewWebWidget::loadHTML(const Shared<std::string>& html, const std::stri
 
 void PreviewWebWidget::evaluateJavaScript(const std::string& script) {
     m_parts->page.runJavaScript(QString::fromStdString(script));
+}
+
+void PreviewWebWidget::setZoom(double zoom) {
+    m_parts->zoom = zoom;
+    m_parts->page.setZoomFactor(zoom);
 }
 
 void PreviewWebWidget::reload() {

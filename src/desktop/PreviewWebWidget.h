@@ -26,6 +26,9 @@ public:
     void loadHTML(const Shared<std::string>& html, const std::string& baseURL) override;
     void evaluateJavaScript(const std::string& script) override;
 
+    /// How large the page is shown, 1 being its own size.
+    void setZoom(double zoom);
+
     /// Brings the current page up once more.
     void reload();
 

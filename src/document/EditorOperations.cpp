@@ -56,11 +56,11 @@ std::optional<Uuid> defaultAddParent(const DocumentStore& store) {
     return component && component->role.isContainer() ? selected : std::nullopt;
 }
 
-void deleteComponent(DocumentStore& store, const Uuid& id) {
+void deleteComponent(DocumentStore& store, const Uuid& id, const char* verb) {
     const List<Component>& before = store.article().components;
     const bool isSelected = store.selection() == EditorSelection::ofComponent(id);
     const EditorSelection after = isSelected ? EditorSelection::document() : store.selection();
-    setComponents(store, kindOf("Delete", findComponent(id, before)), removeComponent(id, before), after);
+    setComponents(store, kindOf(verb, findComponent(id, before)), removeComponent(id, before), after);
     store.select(after);
 }
 
@@ -83,6 +83,32 @@ void duplicateComponent(DocumentStore& store, const Uuid& id) {
     const auto index = static_cast<std::int64_t>(place->index) + 1;
     setComponents(store, kindOf("Duplicate", component),
                   insertComponent(std::move(copy), place->parent, index, before), selection);
+}
+
+void pasteComponents(DocumentStore& store, std::vector<Component> components) {
+    if (components.empty()) {
+        return;
+    }
+    List<Component> list = store.article().components;
+    const auto& selected = store.selection().component;
+    const Component* component = selected ? findComponent(*selected, list) : nullptr;
+    std::optional<Uuid> parent;
+    auto index = static_cast<std::int64_t>(list.size());
+    if (component && component->role.isContainer() &&
+        (!component->components || component->components->empty())) {
+        parent = selected;
+        index = 0;
+    } else if (const auto place = component ? locateComponent(*selected, list) : std::nullopt) {
+        parent = place->parent;
+        index = static_cast<std::int64_t>(place->index) + 1;
+    }
+    const EditKind kind =
+        components.size() == 1 ? kindOf("Paste", &components.front()) : EditKind{"Paste Components", {}};
+    const EditorSelection selection = EditorSelection::ofComponent(components.back().id);
+    for (Component& each : components) {
+        list = insertComponent(std::move(each), parent, index++, list);
+    }
+    setComponents(store, kind, std::move(list), selection);
 }
 
 Component ComponentAccess::read() const {

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 /// What changes the shape of an article's tree, and the selection with it. Ids that no longer exist leave the
 /// tree as it is. Each is one step to undo.
@@ -19,7 +20,8 @@ void addComponent(DocumentStore& store, const ComponentRole& role, std::optional
 std::optional<Uuid> defaultAddParent(const DocumentStore& store);
 
 /// Deletes a component with all below it. When exactly that one was selected, the article is afterwards.
-void deleteComponent(DocumentStore& store, const Uuid& id);
+/// `verb` is what the step is called in front of the component's name.
+void deleteComponent(DocumentStore& store, const Uuid& id, const char* verb = "Delete");
 
 /// Moves a component to `index` among the children of `parent`, or of the top level without one, counted
 /// without the component itself. Selects it, also when the move is refused.
@@ -27,6 +29,10 @@ void moveComponent(DocumentStore& store, const Uuid& id, std::optional<Uuid> par
 
 /// Puts a copy of a component, with new ids, behind it, and selects the copy.
 void duplicateComponent(DocumentStore& store, const Uuid& id);
+
+/// Puts `components` behind the selected component, or into it where it is a container without children, or
+/// at the end of the article where none is selected; selects the last of them.
+void pasteComponents(DocumentStore& store, std::vector<Component> components);
 
 /// Reads and writes one component of a store, wherever it stands by then.
 class ComponentAccess {

@@ -2,12 +2,15 @@
 
 #include "desktop/ImageDecoding.h"
 #include "desktop/PreviewWebWidget.h"
-#include "desktop/theme/Theme.h"
+#include "document/EditorOperations.h"
+#include "editor/EditorColumns.h"
 #include "editor/EditorToolbar.h"
 #include "editor/EditorWindowState.h"
 #include "editor/FindBar.h"
 #include "editor/JSONSourceView.h"
 #include "editor/PreviewPane.h"
+#include "editor/inspectors/InspectorColumn.h"
+#include "editor/outline/OutlineList.h"
 #include "preview/ArticleDerivedContentCache.h"
 
 #include <QVBoxLayout>
@@ -24,61 +27,125 @@ struct EditorView::Parts {
     Scheduler& scheduler;
     EditorWindowState state;
     ArticleDerivedContentCache derivedContentCache{decodeImage};
+    EditorColumns* columns = nullptr;
+    QWidget* outline = nullptr;
     QWidget* middle = nullptr;
+    QWidget* inspector = nullptr;
     std::unique_ptr<PreviewPane> preview; ///< only while the page is shown
     std::unique_ptr<JSONSourceView> json; ///< only while the JSON is shown
     std::unique_ptr<FindBar> find;        ///< of the JSON
     Subscription subscription;
+
+    bool hasFocus(const QWidget* part) const {
+        const QWidget* focused = part->window()->focusWidget();
+        return focused && (focused == part || part->isAncestorOf(focused));
+    }
 };
 
 EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& scheduler, QWidget* parent)
     : QWidget(parent), m_parts(std::make_unique<Parts>(store, settings, scheduler)) {
+    Parts& parts = *m_parts;
     setObjectName(QStringLiteral("editorView"));
+    parts.middle = new QWidget(this);
+    auto* middle = new QVBoxLayout(parts.middle);
+    middle->setContentsMargins({});
+    middle->setSpacing(0);
+    auto* toolbar = new EditorToolbar(
+        parts.state, [&store](const ComponentRole& role) { addComponent(store, role); }, this);
+    parts.outline = new OutlineList(store, this);
+    parts.inspector = new InspectorColumn(store, this);
+    parts.columns = new EditorColumns(parts.outline, parts.middle, parts.inspector, this);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins({});
     column->setSpacing(0);
-    column->addWidget(new EditorToolbar(m_parts->state, this));
-    m_parts->middle = new QWidget(this);
-    auto* middle = new QVBoxLayout(m_parts->middle);
-    middle->setContentsMargins({});
-    middle->setSpacing(0);
-    column->addWidget(m_parts->middle, 1);
-    connect(&m_parts->state, &EditorWindowState::changed, this, [this] { refresh(); });
-    m_parts->subscription = store.observe([this](const StoreChange& change) {
+    column->addWidget(toolbar);
+    column->addWidget(parts.columns, 1);
+    connect(&parts.state, &EditorWindowState::changed, this, [this] { refresh(); });
+    parts.subscription = store.observe([this](const StoreChange& change) {
         if (change.article) {
             refresh();
         }
     });
     refresh();
-    // Else the first control of the toolbar would have the keyboard, and show it, in every new window.
-    m_parts->preview->webWidget().view()->setFocus();
 }
 
 EditorView::~EditorView() = default;
 
-/// Switching makes a view anew; what was derived for it stays in the cache.
+void EditorView::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    // Else the first control of the toolbar would have the keyboard, and show it, in every new window.
+    if (!window()->focusWidget()) {
+        m_parts->outline->setFocus();
+    }
+}
+
+DocumentStore& EditorView::store() const {
+    return m_parts->store;
+}
+
+EditorWindowState& EditorView::state() const {
+    return m_parts->state;
+}
+
+PreviewPane* EditorView::preview() const {
+    return m_parts->preview.get();
+}
+
+JSONSourceView* EditorView::json() const {
+    return m_parts->json.get();
+}
+
+FindBar* EditorView::find() const {
+    return m_parts->find.get();
+}
+
+/// Switching makes a view anew; what was derived for it stays in the cache. A new one is shown at once: else
+/// it would be there, and could take the keyboard, only in the next turn of the event loop.
 void EditorView::refresh() {
     Parts& parts = *m_parts;
-    if (parts.state.mode() == PreviewMode::json) {
-        parts.preview.reset();
-        if (!parts.json) {
-            parts.json = std::make_unique<JSONSourceView>(parts.middle);
-            parts.find = std::make_unique<FindBar>(*parts.json, parts.middle);
-            parts.middle->layout()->addWidget(parts.find.get());
-            parts.middle->layout()->addWidget(parts.json.get());
-            // Else it would be there, and could take the keyboard, only in the next turn of the event loop.
-            parts.json->show();
-            parts.json->setFocus();
-        }
-        parts.json->setJSON(parts.derivedContentCache.jsonText(parts.store.article()));
-        return;
+    const Sidebars& sidebars = parts.state.sidebars();
+    const bool isJSON = parts.state.mode() == PreviewMode::json;
+    const bool isSwitch = isJSON ? !parts.json : !parts.preview;
+    // What had the keyboard and goes away would hand it to some control of the toolbar.
+    const bool isFocusLost = (isSwitch && parts.hasFocus(parts.middle)) ||
+                             (!sidebars.outline && parts.hasFocus(parts.outline)) ||
+                             (!sidebars.inspector && parts.hasFocus(parts.inspector));
+    parts.columns->setSidebars(sidebars);
+    if (isJSON) {
+        showJSON();
+    } else {
+        showPreview();
     }
+    if (isFocusLost && isJSON) {
+        parts.json->setFocus();
+    } else if (isFocusLost) {
+        parts.preview->webWidget().view()->setFocus();
+    }
+}
+
+void EditorView::showJSON() {
+    Parts& parts = *m_parts;
+    parts.preview.reset();
+    if (!parts.json) {
+        parts.json = std::make_unique<JSONSourceView>(parts.middle);
+        parts.find = std::make_unique<FindBar>(*parts.json, parts.middle);
+        parts.middle->layout()->addWidget(parts.find.get());
+        parts.middle->layout()->addWidget(parts.json.get());
+        parts.json->show();
+        parts.json->setFocus();
+    }
+    parts.json->setJSON(parts.derivedContentCache.jsonText(parts.store.article()));
+}
+
+void EditorView::showPreview() {
+    Parts& parts = *m_parts;
     parts.find.reset();
     parts.json.reset();
     if (!parts.preview) {
         parts.preview = std::make_unique<PreviewPane>(parts.store, parts.derivedContentCache, parts.settings,
                                                       parts.scheduler, parts.middle);
         parts.middle->layout()->addWidget(parts.preview.get());
+        parts.preview->show();
         connect(parts.preview.get(), &PreviewPane::pageShown, this, &EditorView::pageShown);
     }
     parts.preview->setChoice(parts.state.choice());

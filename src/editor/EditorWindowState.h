@@ -23,6 +23,15 @@ public:
     void setChoice(const PreviewChoice& choice) { set(m_choice, choice); }
     void setSidebars(const Sidebars& sidebars) { set(m_sidebars, sidebars); }
 
+    void setDevice(PreviewDevice device) { choose(&PreviewChoice::device, device); }
+    void setAppearance(PreviewAppearance appearance) { choose(&PreviewChoice::appearance, appearance); }
+    void setZoom(double zoom) { choose(&PreviewChoice::zoom, zoom); }
+    /// From portrait to landscape or back.
+    void flipOrientation();
+    void toggleSidebars() { setSidebars(toggledSidebars(m_sidebars)); }
+    void toggleOutline() { setSidebars({!m_sidebars.outline, m_sidebars.inspector}); }
+    void toggleInspector() { setSidebars({m_sidebars.outline, !m_sidebars.inspector}); }
+
 Q_SIGNALS:
     void changed();
 
@@ -33,6 +42,10 @@ private:
             held = value;
             Q_EMIT changed();
         }
+    }
+    template <typename Value>
+    void choose(Value PreviewChoice::*member, const Value& value) {
+        set(m_choice.*member, value);
     }
 
     PreviewMode m_mode = PreviewMode::rendered;

@@ -44,6 +44,7 @@ struct PreviewPane::Parts {
 
     void follow(const StoreChange& change);
     void followState();
+    void layOut(const QSize& pane);
     void present();
     void updateWeb();
 
@@ -105,8 +106,15 @@ PreviewPane::PreviewPane(DocumentStore& store, ArticleDerivedContentCache& cache
 PreviewPane::~PreviewPane() = default;
 
 void PreviewPane::setChoice(const PreviewChoice& choice) {
+    const bool isZoomed = m_parts->choice.zoom != choice.zoom;
     m_parts->choice = choice;
     m_parts->followState();
+    if (isZoomed) {
+        m_parts->web.setZoom(choice.zoom);
+        if (isVisible()) {
+            m_parts->layOut(size());
+        }
+    }
 }
 
 PreviewWebWidget& PreviewPane::webWidget() const {
@@ -119,15 +127,13 @@ void PreviewPane::resizeEvent(QResizeEvent* event) {
     progress.move((width() - progress.width()) / 2, (height() - progress.height()) / 2);
     m_parts->note.arrange();
     if (isVisible()) {
-        m_parts->preview.layOut(width(), height());
-        m_parts->present();
+        m_parts->layOut(size());
     }
 }
 
 void PreviewPane::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    m_parts->preview.layOut(width(), height());
-    m_parts->present();
+    m_parts->layOut(size());
 }
 
 void PreviewPane::Parts::follow(const StoreChange& change) {
@@ -148,10 +154,20 @@ void PreviewPane::Parts::followState() {
     present();
 }
 
+/// A page of twice the size has half the room.
+void PreviewPane::Parts::layOut(const QSize& pane) {
+    preview.layOut(pane.width() / choice.zoom, pane.height() / choice.zoom);
+    present();
+}
+
 /// Frame and caption follow at once, ahead of the page.
 void PreviewPane::Parts::present() {
-    stage.setFrame(deviceFrame(choice.device, choice.orientation));
-    stage.setCaption(QString::fromStdString(previewCaption(preview.environment())));
+    std::optional<FrameSize> frame = deviceFrame(choice.device, choice.orientation);
+    if (frame) {
+        frame = FrameSize{frame->width * choice.zoom, frame->height * choice.zoom};
+    }
+    stage.setFrame(frame);
+    stage.setCaption(QString::fromStdString(previewCaption(preview.environment(), choice.zoom)));
 }
 
 void PreviewPane::Parts::updateWeb() {

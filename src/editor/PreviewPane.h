@@ -3,7 +3,7 @@
 #include "base/Scheduler.h"
 #include "desktop/Settings.h"
 #include "document/DocumentStore.h"
-#include "render/PreviewEnvironment.h"
+#include "preview/PreviewFrame.h"
 
 #include <QWidget>
 
@@ -19,6 +19,7 @@ struct PreviewChoice {
     PreviewDevice device = PreviewDevice::automatic;
     PreviewOrientation orientation = PreviewOrientation::portrait;
     PreviewAppearance appearance = PreviewAppearance::automatic;
+    double zoom = zoom::actual;
 
     bool operator==(const PreviewChoice&) const = default;
 };

@@ -149,8 +149,8 @@ void PreviewStage::arrange() {
         parts.page.setGeometry(QRect({0, 0}, pane));
         parts.caption.move(pane.width() - caption.width() - captionInset, captionInset);
     } else {
-        const QSize size(static_cast<int>(parts.frame->width),
-                         static_cast<int>(shownFrameHeight(*parts.frame, pane.height())));
+        const QSize size(static_cast<int>(std::lround(parts.frame->width)),
+                         static_cast<int>(std::lround(shownFrameHeight(*parts.frame, pane.height()))));
         const int top = framePadding + caption.height() + captionDistance;
         const QSize content(std::max(size.width(), caption.width()) + 2 * framePadding,
                             top + size.height() + framePadding);

@@ -11,6 +11,8 @@ namespace {
 constexpr double besidesFrame = 56;   ///< points of the pane's height that caption and margins take
 constexpr double shortestFrame = 320; ///< points
 
+constexpr double zoomSteps[] = {0.25, 0.33, 0.5, 0.67, 0.75, 0.9, 1, 1.1, 1.25, 1.5, 1.75, 2, 2.5, 3};
+
 FrameSize portraitFrame(PreviewDevice device) {
     switch (device) {
     case PreviewDevice::iPhoneSE:
@@ -48,9 +50,24 @@ double shownFrameHeight(const FrameSize& frame, double paneHeight) {
     return std::min(frame.height, std::max(paneHeight - besidesFrame, shortestFrame));
 }
 
-std::string previewCaption(const PreviewEnvironment& environment) {
-    return environment.label + " · " + std::to_string(std::llround(environment.viewportWidth)) + " pt · " +
-           environment.horizontalSizeClass + " · " + std::string(rawValue(environment.appearance));
+double zoom::in(double zoom) {
+    const auto* next = std::upper_bound(std::begin(zoomSteps), std::end(zoomSteps), zoom);
+    return next == std::end(zoomSteps) ? zoom : *next;
+}
+
+double zoom::out(double zoom) {
+    const auto* next = std::lower_bound(std::begin(zoomSteps), std::end(zoomSteps), zoom);
+    return next == std::begin(zoomSteps) ? zoom : *(next - 1);
+}
+
+std::string previewCaption(const PreviewEnvironment& environment, double zoom) {
+    std::string caption =
+        environment.label + " · " + std::to_string(std::llround(environment.viewportWidth)) + " pt · " +
+        environment.horizontalSizeClass + " · " + std::string(rawValue(environment.appearance));
+    if (zoom != zoom::actual) {
+        caption += " · " + std::to_string(std::lround(zoom * 100)) + " %";
+    }
+    return caption;
 }
 
 std::string_view symbolName(PreviewDevice device) {

@@ -20,8 +20,16 @@ std::optional<FrameSize> deviceFrame(PreviewDevice device, PreviewOrientation or
 /// The part of a frame's height that is shown in a pane; the width is always shown whole.
 double shownFrameHeight(const FrameSize& frame, double paneHeight);
 
-/// The line over the page: "iPhone · 393 pt · compact · Dark".
-std::string previewCaption(const PreviewEnvironment& environment);
+/// How large a page is shown, 1 being its own size.
+namespace zoom {
+constexpr double actual = 1;
+/// The next larger and smaller of the usual steps; the last one stays.
+double in(double zoom);
+double out(double zoom);
+} // namespace zoom
+
+/// The line over the page: "iPhone · 393 pt · compact · Dark", and behind it the zoom where there is one.
+std::string previewCaption(const PreviewEnvironment& environment, double zoom = zoom::actual);
 
 /// The system symbols that stand for a device, an orientation and an appearance.
 std::string_view symbolName(PreviewDevice device);

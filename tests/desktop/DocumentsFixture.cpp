@@ -1,7 +1,7 @@
 #include "DocumentsFixture.h"
 
+#include "app/DocumentScene.h"
 #include "desktop/Questions.h"
-#include "editor/EditorView.h"
 #include "package/BlankArticle.h"
 #include "package/NewArticle.h"
 #include "package/PackageFile.h"
@@ -29,8 +29,15 @@ void DocumentsTest::restart() {
     m_settings = std::make_unique<Settings>(QString::fromStdString(path("config/Quillon.ini")), nullptr);
     m_controller = std::make_unique<DocumentController>(
         m_scheduler, *m_settings,
-        [this](DocumentStore& store, QWidget* parent) {
-            return new EditorView(store, *m_settings, m_scheduler, parent);
+        [this](DocumentStore& store, DocumentWindow& window) {
+            const ProgramServices services{
+                .settings = *m_settings,
+                .scheduler = m_scheduler,
+                .newDocument =
+                    [this](ArticleFileDocument document) { m_controller->newDocument(std::move(document)); },
+                .windows = [this] { return m_controller->windows(); },
+            };
+            return makeDocumentScene(services, store, window);
         },
         path("state/recovery"));
 }

@@ -3,10 +3,17 @@
 
 #include "desktop/PreviewWebWidget.h"
 #include "desktop/theme/Theme.h"
+#include "desktop/widgets/EmptyState.h"
+#include "desktop/widgets/Header.h"
+#include "desktop/widgets/ToolbarButton.h"
+#include "document/EditorOperations.h"
+#include "editor/EditorColumns.h"
+#include "editor/EditorView.h"
+#include "editor/EditorWindowState.h"
 #include "editor/JSONSourceView.h"
 #include "editor/PreviewCaption.h"
 #include "editor/PreviewPane.h"
-#include "desktop/widgets/ToolbarButton.h"
+#include "editor/inspectors/InspectorColumn.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -16,6 +23,7 @@
 #include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTreeWidget>
 #include <QWebEngineView>
 
 namespace quillon::test {
@@ -99,7 +107,7 @@ TEST_F(EditorViewTest, theJsonIsThereToReadSelectAndCopy) {
     auto* json = window->findChild<JSONSourceView*>();
     ASSERT_TRUE(json);
     EXPECT_FALSE(window->findChild<PreviewPane*>());
-    EXPECT_FALSE(find<QWidget>("deviceMenu")->isVisible());
+    EXPECT_TRUE(waitFor([&] { return !find<QWidget>("deviceMenu")->isVisible(); }));
     const auto text = [&] {
         return json->text();
     };
@@ -117,6 +125,102 @@ TEST_F(EditorViewTest, theJsonIsThereToReadSelectAndCopy) {
     press("modePreview");
     EXPECT_FALSE(window->findChild<JSONSourceView*>());
     ASSERT_TRUE(waitFor([&] { return widthInPage() != ""; }));
+}
+
+TEST_F(EditorViewTest, columnsAreDraggedWithinTheirLimits) {
+    window->setMinimumSize(0, 0);
+    const auto* columns = window->findChild<EditorColumns*>();
+    const auto dragTo = [&](const char* line, int x) {
+        auto* handle = find<QWidget>(line);
+        const QPoint start(handle->width() / 2, 100);
+        QTest::mousePress(handle, Qt::LeftButton, {}, start);
+        QTest::mouseMove(handle, handle->mapFrom(columns, QPoint(x, 100)));
+        QTest::mouseRelease(handle, Qt::LeftButton, {}, handle->mapFrom(columns, QPoint(x, 100)));
+        return columns->widths();
+    };
+    ASSERT_EQ(columns->widths(), (ColumnWidths{260, 600, 440}));
+    EXPECT_EQ(dragTo("outlineLine", 300).outline, 300);
+    EXPECT_EQ(dragTo("outlineLine", 10).outline, 220);
+    EXPECT_EQ(dragTo("outlineLine", 1290), (ColumnWidths{540, 320, 440}));
+    EXPECT_EQ(dragTo("inspectorLine", 1290), (ColumnWidths{540, 340, 420}));
+    EXPECT_EQ(dragTo("outlineLine", 240).outline, 240)
+        << "a line does not stick where it was dragged too far";
+    EXPECT_EQ(dragTo("inspectorLine", 100), (ColumnWidths{240, 500, 560}));
+    window->resize(1000, 700);
+    EXPECT_TRUE(waitFor([&] { return columns->widths() == ColumnWidths{220, 320, 460}; }));
+    window->resize(1300, 900);
+    EXPECT_TRUE(waitFor([&] {
+        return columns->widths() == ColumnWidths{240, 500, 560};
+    })) << "widths come back";
+    QTest::mouseDClick(find<QWidget>("inspectorLine"), Qt::LeftButton);
+    EXPECT_EQ(columns->widths().inspector, 440);
+    press("toggleOutline");
+    EXPECT_EQ(columns->widths(), (ColumnWidths{0, 860, 440}));
+    EXPECT_FALSE(find<QWidget>("outline")->isVisible());
+    press("toggleInspector");
+    EXPECT_EQ(columns->widths(), (ColumnWidths{0, 1300, 0}));
+    EXPECT_EQ(pageSize().width(), 1300);
+    press("toggleOutline");
+    press("toggleInspector");
+    EXPECT_EQ(columns->widths(), (ColumnWidths{240, 620, 440})) << "hidden columns keep their widths";
+}
+
+TEST_F(EditorViewTest, selectionGoesBetweenOutlineInspectorAndDocument) {
+    auto* outline = find<QTreeWidget>("outline");
+    const auto title = [&] {
+        return window->findChild<InspectorColumn*>()->findChild<Header*>()->accessibleName().toStdString();
+    };
+    DocumentStore& store = session->store();
+    const Uuid first = store.article().components[0].id;
+    EXPECT_EQ(title(), "Article");
+    QTest::keyClick(outline, Qt::Key_Down);
+    EXPECT_EQ(store.selection(), EditorSelection::ofComponent(first));
+    EXPECT_EQ(title(), store.article().components[0].role.displayName());
+    addComponent(store, ComponentRole::section);
+    EXPECT_EQ(outline->currentItem()->text(0), "Section");
+    QTest::keyClick(outline, Qt::Key_Home);
+    EXPECT_EQ(store.selection(), EditorSelection::document());
+    store.select(EditorSelection::ofComponent(Uuid::random()));
+    EXPECT_TRUE(window->findChild<EmptyState*>()->isVisible());
+    EXPECT_FALSE(outline->currentItem());
+    store.select(EditorSelection::ofComponent(first));
+    EXPECT_FALSE(window->findChild<EmptyState*>()->isVisible());
+}
+
+TEST_F(EditorViewTest, theAddMenuAddsByKeyboard) {
+    QTest::keyClick(find<QAbstractButton>("addMenu"), Qt::Key_Space);
+    ASSERT_TRUE(waitFor([] { return QApplication::activePopupWidget() != nullptr; }));
+    for (const int key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Down, Qt::Key_Return}) {
+        QTest::keyClick(QApplication::activePopupWidget(), static_cast<Qt::Key>(key));
+    }
+    EXPECT_EQ(session->store().undoTitle(), "Undo Add Heading 1");
+}
+
+TEST_F(EditorViewTest, anotherAppearanceRepaintsTheWindow) {
+    const auto paint = [&] {
+        QImage image(window->size(), QImage::Format_RGB32);
+        find<QWidget>("toolbar")->render(&image);
+        return image.pixelColor(5, 5);
+    };
+    theme().pin(Appearance::Light);
+    const QColor light = paint();
+    theme().pin(Appearance::Dark);
+    EXPECT_EQ(light, themeColors(Appearance::Light).window);
+    EXPECT_EQ(paint(), themeColors(Appearance::Dark).window);
+    theme().pin(std::nullopt);
+}
+
+TEST_F(EditorViewTest, zoomShowsTheSameFrameSmaller) {
+    auto& state = window->findChild<EditorView*>()->state();
+    chooseDevice("iPad");
+    state.setZoom(0.5);
+    EXPECT_EQ(pageSize().width(), 384);
+    EXPECT_EQ(caption(), "iPad · 768 pt · regular · Auto · 50 %");
+    EXPECT_TRUE(waitFor([&] { return widthInPage() == "768"; })) << widthInPage();
+    setTitle(*session, "Another page");
+    chooseDevice("Auto");
+    EXPECT_TRUE(waitFor([&] { return caption().startsWith("Auto · 1200 pt"); })) << caption().toStdString();
+    EXPECT_TRUE(waitFor([&] { return widthInPage() == "1200"; })) << widthInPage();
 }
 
 TEST_F(EditorViewTest, findGoesFromMatchToMatch) {

@@ -102,6 +102,31 @@ TEST_F(EditorOperationsTest, aDuplicateStandsBehindItsOriginalUnderIdsOfItsOwn) 
     EXPECT_EQ(store->selection(), EditorSelection::ofComponent(store->article().components.back().id));
 }
 
+TEST_F(EditorOperationsTest, pastedComponentsStandBehindTheSelectedOneOrFillAnEmptyContainer) {
+    const auto paste = [&](std::initializer_list<ComponentRole> roles) {
+        std::vector<Component> components;
+        for (const ComponentRole& role : roles) {
+            components.push_back(makeTextComponent(role, ""));
+        }
+        pasteComponents(*store, components);
+    };
+    paste({ComponentRole::intro});
+    EXPECT_EQ(shape(), "body section ( body ) intro ");
+    select(inner.id);
+    paste({ComponentRole::quote, ComponentRole::author});
+    EXPECT_EQ(shape(), "body section ( body quote author ) intro ");
+    EXPECT_EQ(store->undoTitle(), "Undo Paste Components");
+    EXPECT_EQ(selected()->role, ComponentRole::author);
+    select(sectionId);
+    paste({ComponentRole::title});
+    EXPECT_EQ(shape(), "body section ( body quote author ) title intro ");
+    addComponent(*store, ComponentRole::chapter);
+    paste({ComponentRole::caption});
+    EXPECT_EQ(shape(), "body section ( body quote author ) title intro chapter ( caption ) ");
+    paste({});
+    EXPECT_EQ(store->undoTitle(), "Undo Paste Caption");
+}
+
 TEST_F(EditorOperationsTest, accessFollowsItsComponentAndOutlivesIt) {
     const auto access = componentAccess(*store, inner.id);
     ASSERT_TRUE(access);

@@ -40,6 +40,20 @@ TEST(PreviewFrame, theCaptionSaysWhatThePageIsFor) {
         previewEnvironment(PreviewDevice::iPhone, PreviewOrientation::portrait, 0, {});
     environment.appearance = PreviewAppearance::dark;
     EXPECT_EQ(previewCaption(environment), "iPhone · 393 pt · compact · Dark");
+    EXPECT_EQ(previewCaption(environment, 0.75), "iPhone · 393 pt · compact · Dark · 75 %");
+}
+
+TEST(PreviewFrame, zoomGoesStepByStepBetweenItsBounds) {
+    for (const auto step : {zoom::in, zoom::out}) {
+        double current = zoom::actual;
+        int steps = 0;
+        for (; step(current) != current; current = step(current)) {
+            ++steps;
+        }
+        EXPECT_GT(steps, 5);
+        EXPECT_TRUE(current == 0.25 || current == 3) << current;
+    }
+    EXPECT_EQ(zoom::out(zoom::in(zoom::actual)), zoom::actual);
 }
 
 } // namespace quillon

@@ -74,6 +74,9 @@ void drawFieldBody(QPainter& painter, const QRectF& rect, const ControlState& st
 void drawButtonBody(QPainter& painter, const QRectF& rect, ButtonKind kind, const ControlState& state) {
     const ThemeColors& colors = theme().colors();
     if (kind == ButtonKind::Borderless) {
+        if (state.selected) {
+            fillRounded(painter, rect, radius::field, colors.pillSelected);
+        }
         drawQuietBody(painter, rect, radius::field, state);
         return;
     }
@@ -87,7 +90,8 @@ void drawButtonBody(QPainter& painter, const QRectF& rect, ButtonKind kind, cons
     }
     fillRounded(painter, body, corner, fill);
     if (state.selected) {
-        fillRounded(painter, body, corner, colors.pillSelected);
+        // On the accent itself a second veil tells the chosen one from one that is pressed.
+        fillRounded(painter, body, corner, isFilled ? faded(colors.pressed, 2) : colors.pillSelected);
     }
     drawVeil(painter, body, corner, state);
     if (!isFilled) {

@@ -5,7 +5,7 @@
 namespace quillon {
 
 /// How the drawing of an icon is turned to show its symbol.
-enum class SymbolTurn { None, Mirrored, Quarter };
+enum class SymbolTurn { None, Mirrored, Quarter, Eighth };
 
 /// A symbol and the icon that draws it. The files are assets/symbols/ICON.svg and, where there is a filled
 /// name, ICON-fill.svg; `scripts/fetch-symbols` makes them from these rows.
@@ -128,7 +128,7 @@ constexpr SymbolRow symbolRows[] = {
     {"paintpalette", "", "palette"},
     {"plus", "", "plus"},
     {"trash", "", "trash"},
-    {"xmark", "", "x"},
+    {"xmark", "", "plus", SymbolTurn::Eighth},
 };
 
 } // namespace quillon

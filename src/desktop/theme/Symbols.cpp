@@ -100,6 +100,8 @@ void applyTurn(QPainter& painter, SymbolTurn turn, double side) {
         painter.scale(-1, 1);
     } else if (turn == SymbolTurn::Quarter) {
         painter.rotate(90);
+    } else if (turn == SymbolTurn::Eighth) {
+        painter.rotate(45);
     }
     painter.translate(-side / 2, -side / 2);
 }

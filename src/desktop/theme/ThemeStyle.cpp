@@ -78,6 +78,13 @@ void drawMenuItem(QPainter& painter, const QStyleOptionMenuItem& item) {
     }
 }
 
+/// Whether no entry has a letter of its own to be reached by; such a menu is searched by typing.
+bool isWithoutLetters(const QMenu* menu) {
+    return menu && std::ranges::none_of(menu->actions(), [](const QAction* entry) {
+               return !QKeySequence::mnemonic(entry->text()).isEmpty();
+           });
+}
+
 } // namespace
 
 ThemeStyle::ThemeStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
@@ -261,6 +268,8 @@ int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
         return 0;
     case SH_UnderlineShortcut:
         return 0;
+    case SH_Menu_KeyboardSearch:
+        return isWithoutLetters(qobject_cast<const QMenu*>(widget)) ? 1 : 0;
     default:
         return QProxyStyle::styleHint(hint, option, widget, result);
     }

@@ -36,6 +36,7 @@ ThemeColors lightColors() {
     colors.raised = color(0xFFFFFF);
     colors.match = color(0xFFCC00, 0.28);
     colors.matchCurrent = color(0xFFCC00, 0.75);
+    colors.knob = color(0xFFFFFF);
     colors.shadow = color(0x000000, 0.14);
     return colors;
 }
@@ -63,6 +64,7 @@ ThemeColors darkColors() {
     colors.raised = color(0x5A5A60);
     colors.match = color(0xFFD60A, 0.18);
     colors.matchCurrent = color(0xFFD60A, 0.45);
+    colors.knob = color(0xFFFFFF);
     colors.shadow = color(0x000000, 0.4);
     return colors;
 }
@@ -72,6 +74,7 @@ ThemeColors completed(ThemeColors colors) {
     colors.accentTint = faded(colors.accent, 0.12);
     colors.pillSelected = faded(colors.accent, 0.28);
     colors.pillOutline = faded(colors.separator, 0.45);
+    colors.columnLine = faded(colors.separator, 0.55);
     return colors;
 }
 

@@ -29,11 +29,13 @@ struct ThemeColors {
     QColor pressed;      ///< the same
     QColor track;        ///< see-through: of switches, segments and progress
     QColor raised;       ///< what stands on a track: the chosen segment
+    QColor knob;         ///< of a switch
     QColor accentTint;   ///< see-through: behind the chosen tab
     QColor pillSelected; ///< see-through: behind the chosen control of a pill
     QColor pillOutline;  ///< see-through
     QColor match;        ///< see-through: behind what a search has found
     QColor matchCurrent; ///< see-through: behind the one it is at
+    QColor columnLine;   ///< see-through: between the columns of a window
     QColor shadow;       ///< see-through
 };
 
@@ -70,8 +72,9 @@ constexpr int card = 12; ///< large ones
 namespace extent {
 constexpr int control = 28; ///< height of a field or button
 constexpr int largeControl = 34;
-constexpr int pillControl = 25; ///< height of a titled button in a pill
-constexpr int pillSymbol = 28;  ///< width, or side, of a button in a pill that shows a symbol
+constexpr int pillControl = 25;   ///< height of a titled button in a pill
+constexpr int pillSymbol = 28;    ///< width, or side, of a button in a pill that shows a symbol
+constexpr int toolbarButton = 36; ///< width of a button that stands in the toolbar by itself
 constexpr int buttonPadding = 12;
 constexpr int pillPadding = 11;
 constexpr int tab = 32;
@@ -102,6 +105,8 @@ constexpr int emptyState = 40;
 namespace motion {
 constexpr int quick = 120;
 constexpr int usual = 180;
+constexpr int spring = 220;        ///< until a spring rests, as near as can be seen
+constexpr int spinnerTurn = 900;   ///< one turn of it
 constexpr int progressDelay = 300; ///< before progress shows at all
 } // namespace motion
 

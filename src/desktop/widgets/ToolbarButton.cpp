@@ -2,6 +2,7 @@
 
 #include "desktop/theme/Symbols.h"
 #include "desktop/theme/Theme.h"
+#include "desktop/widgets/WidgetState.h"
 
 #include <QFontMetrics>
 #include <QKeyEvent>
@@ -26,46 +27,44 @@ QFont titleFont(bool isChosen) {
 
 ToolbarButton::ToolbarButton(QWidget* parent) : QAbstractButton(parent) {
     setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     connect(&theme(), &Theme::changed, this, [this] { update(); });
 }
 
 QColor ToolbarButton::contentColor() const {
-    return isEnabled() ? theme().colors().text : theme().colors().textTertiary;
+    return widgetState(*this).enabled ? theme().colors().text : theme().colors().textTertiary;
 }
 
 void ToolbarButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const ThemeColors& colors = theme().colors();
-    const QRectF area(rect());
-    const double radius = area.height() / 2;
-    painter.setPen(Qt::NoPen);
-    if (isChecked()) {
-        painter.setBrush(colors.pillSelected);
-        painter.drawRoundedRect(area, radius, radius);
+    const ControlState state = widgetState(*this);
+    if (state.selected) {
+        fillRounded(painter, rect(), capsule, theme().colors().pillSelected);
     }
-    if (isEnabled() && (isDown() || underMouse())) {
-        painter.setBrush(isDown() ? colors.pressed : colors.hover);
-        painter.drawRoundedRect(area, radius, radius);
-    }
-    if (hasFocus()) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(colors.accent, extent::focusRing));
-        const double inset = extent::focusRing / 2.0;
-        painter.drawRoundedRect(area.adjusted(inset, inset, -inset, -inset), radius, radius);
-    }
+    drawQuietBody(painter, rect(), capsule, state);
     paintContent(painter);
 }
 
-void ToolbarButton::enterEvent(QEnterEvent* event) {
-    QAbstractButton::enterEvent(event);
-    update();
+void ToolbarButton::setMenu(QMenu* menu) {
+    m_menu = menu;
+    connect(this, &QAbstractButton::pressed, this, [this] { openMenu(); });
+    connect(menu, &QMenu::aboutToHide, this, [this] { setDown(false); });
 }
 
-void ToolbarButton::leaveEvent(QEvent* event) {
-    QAbstractButton::leaveEvent(event);
-    update();
+void ToolbarButton::openMenu() {
+    m_menu->popup(mapToGlobal(QPoint(0, height())));
+}
+
+void ToolbarButton::keyPressEvent(QKeyEvent* event) {
+    const bool opens = event->key() == Qt::Key_Down || event->key() == Qt::Key_Return ||
+                       event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
+    if (m_menu && opens) {
+        openMenu();
+        return;
+    }
+    QAbstractButton::keyPressEvent(event);
 }
 
 ToolbarModeButton::ToolbarModeButton(const QString& title, QWidget* parent) : ToolbarButton(parent) {
@@ -82,7 +81,7 @@ QSize ToolbarModeButton::sizeHint() const {
 
 void ToolbarModeButton::paintContent(QPainter& painter) {
     painter.setPen(contentColor());
-    painter.setFont(titleFont(isChecked()));
+    painter.setFont(titleFont(widgetState(*this).selected));
     painter.drawText(rect(), Qt::AlignCenter, text());
 }
 
@@ -94,7 +93,7 @@ ToolbarSymbolButton::ToolbarSymbolButton(std::string symbol, const QString& name
 
 void ToolbarSymbolButton::paintContent(QPainter& painter) {
     drawSymbol(painter, rect(), m_symbol, symbolSize::control, contentColor(),
-               isChecked() ? SymbolWeight::Semibold : SymbolWeight::Regular);
+               widgetState(*this).selected ? SymbolWeight::Semibold : SymbolWeight::Regular);
 }
 
 ToolbarLooseControlLabel::ToolbarLooseControlLabel(Chevron chevron, QWidget* parent)
@@ -106,26 +105,6 @@ void ToolbarLooseControlLabel::setContent(const QString& title, std::string symb
     m_symbol = std::move(symbol);
     updateGeometry();
     update();
-}
-
-void ToolbarLooseControlLabel::setMenu(QMenu* menu) {
-    m_menu = menu;
-    connect(this, &QAbstractButton::pressed, this, [this] { openMenu(); });
-    connect(menu, &QMenu::aboutToHide, this, [this] { setDown(false); });
-}
-
-void ToolbarLooseControlLabel::openMenu() {
-    m_menu->popup(mapToGlobal(QPoint(0, height())));
-}
-
-void ToolbarLooseControlLabel::keyPressEvent(QKeyEvent* event) {
-    const bool opens = event->key() == Qt::Key_Down || event->key() == Qt::Key_Return ||
-                       event->key() == Qt::Key_Enter || event->key() == Qt::Key_Space;
-    if (m_menu && opens) {
-        openMenu();
-        return;
-    }
-    ToolbarButton::keyPressEvent(event);
 }
 
 QSize ToolbarLooseControlLabel::sizeHint() const {

@@ -15,13 +15,20 @@ class ToolbarButton : public QAbstractButton {
 public:
     explicit ToolbarButton(QWidget* parent);
 
+    /// Opens below the control when it is pressed or, with the keyboard, by Space, Return and Down.
+    void setMenu(QMenu* menu);
+
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
 
     virtual void paintContent(QPainter& painter) = 0;
     QColor contentColor() const;
+
+private:
+    void openMenu();
+
+    QMenu* m_menu = nullptr;
 };
 
 /// A title; the chosen one of several is emphasised.
@@ -62,20 +69,14 @@ public:
     ToolbarLooseControlLabel(Chevron chevron, QWidget* parent);
 
     void setContent(const QString& title, std::string symbol);
-    /// Opens below the control when it is pressed or, with the keyboard, by Space, Return and Down.
-    void setMenu(QMenu* menu);
     QSize sizeHint() const override;
 
 protected:
     void paintContent(QPainter& painter) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void openMenu();
-
     Chevron m_chevron;
     std::string m_symbol;
-    QMenu* m_menu = nullptr;
 };
 
 } // namespace quillon

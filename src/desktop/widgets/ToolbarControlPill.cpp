@@ -1,6 +1,8 @@
 #include "desktop/widgets/ToolbarControlPill.h"
 
+#include "desktop/theme/Painting.h"
 #include "desktop/theme/Theme.h"
+#include "desktop/widgets/WidgetState.h"
 
 #include <QPainter>
 
@@ -21,11 +23,9 @@ void ToolbarControlPill::add(QWidget* control) {
 
 void ToolbarControlPill::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setBrush(theme().colors().surface);
-    painter.setPen(QPen(theme().colors().pillOutline, extent::line));
-    const QRectF capsule = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
-    painter.drawRoundedRect(capsule, capsule.height() / 2, capsule.height() / 2);
+    const ThemeColors& colors = theme().colors();
+    fillRounded(painter, rect(), capsule, widgetState(*this).enabled ? colors.surface : colors.window);
+    strokeRounded(painter, rect(), capsule, colors.pillOutline, extent::line);
 }
 
 } // namespace quillon

@@ -1,16 +1,20 @@
 #include "editor/toolbar/ToolbarPreviewControlStrip.h"
 
+#include "desktop/theme/Motion.h"
 #include "desktop/theme/Symbols.h"
 #include "desktop/theme/Theme.h"
-#include "editor/EditorWindowState.h"
 #include "desktop/widgets/ToolbarButton.h"
 #include "desktop/widgets/ToolbarControlPill.h"
+#include "editor/EditorWindowState.h"
+#include "editor/commands/Keys.h"
 #include "preview/PreviewFrame.h"
 
 #include <QActionGroup>
-#include <QHBoxLayout>
+#include <QGraphicsOpacityEffect>
+#include <QVariantAnimation>
 
-#include <array>
+#include <algorithm>
+#include <cmath>
 #include <vector>
 
 namespace quillon {
@@ -32,23 +36,28 @@ struct ToolbarPreviewControlStrip::Parts {
     explicit Parts(EditorWindowState& theState) : state(theState) {}
 
     EditorWindowState& state;
+    ToolbarControlPill* modePill = nullptr;
     std::vector<std::pair<PreviewMode, ToolbarModeButton*>> modes;
     ToolbarControlPill* devicePill = nullptr;
     ToolbarLooseControlLabel* device = nullptr;
     ToolbarLooseControlLabel* orientation = nullptr;
     ToolbarControlPill* appearancePill = nullptr;
     std::vector<std::pair<PreviewAppearance, ToolbarSymbolButton*>> appearances;
+    QVariantAnimation transition; ///< of the page's pills: 0 without them, 1 with them
 
-    ToolbarControlPill* makeModePill(QWidget* parent);
+    void makeModePill(QWidget* parent);
     void makeDevicePill(QWidget* parent);
     void makeAppearancePill(QWidget* parent);
 };
 
-ToolbarControlPill* ToolbarPreviewControlStrip::Parts::makeModePill(QWidget* parent) {
+void ToolbarPreviewControlStrip::Parts::makeModePill(QWidget* parent) {
     auto* pill = new ToolbarControlPill(choiceSpacing, parent);
+    modePill = pill;
     for (const PreviewMode mode : {PreviewMode::rendered, PreviewMode::json}) {
         auto* button = new ToolbarModeButton(text(title(mode)), pill);
         button->setObjectName(QStringLiteral("mode") + text(title(mode)));
+        button->setToolTip(keys::withKey(text(title(mode)),
+                                         mode == PreviewMode::rendered ? keys::showPreview : keys::showJSON));
         connect(button, &QAbstractButton::clicked, pill, [this, mode] {
             state.setMode(mode);
             // The press on the chosen one has taken its mark away.
@@ -57,7 +66,6 @@ ToolbarControlPill* ToolbarPreviewControlStrip::Parts::makeModePill(QWidget* par
         modes.emplace_back(mode, button);
         pill->add(button);
     }
-    return pill;
 }
 
 void ToolbarPreviewControlStrip::Parts::makeDevicePill(QWidget* parent) {
@@ -71,11 +79,7 @@ void ToolbarPreviewControlStrip::Parts::makeDevicePill(QWidget* parent) {
         QAction* action = menu->addAction(symbolIcon(symbolName(each)), text(rawValue(each)));
         action->setCheckable(true);
         group->addAction(action);
-        connect(action, &QAction::triggered, menu, [this, each] {
-            PreviewChoice choice = state.choice();
-            choice.device = each;
-            state.setChoice(choice);
-        });
+        connect(action, &QAction::triggered, menu, [this, each] { state.setDevice(each); });
     }
     connect(menu, &QMenu::aboutToShow, menu, [this, menu] {
         for (QAction* action : menu->actions()) {
@@ -87,13 +91,8 @@ void ToolbarPreviewControlStrip::Parts::makeDevicePill(QWidget* parent) {
 
     orientation = new ToolbarLooseControlLabel(Chevron::hidden, devicePill);
     orientation->setObjectName(QStringLiteral("orientation"));
-    orientation->setToolTip(tr("Toggle preview orientation"));
-    connect(orientation, &QAbstractButton::clicked, devicePill, [this] {
-        PreviewChoice choice = state.choice();
-        const bool isPortrait = choice.orientation == PreviewOrientation::portrait;
-        choice.orientation = isPortrait ? PreviewOrientation::landscape : PreviewOrientation::portrait;
-        state.setChoice(choice);
-    });
+    orientation->setToolTip(keys::withKey(tr("Toggle preview orientation"), keys::rotate));
+    connect(orientation, &QAbstractButton::clicked, devicePill, [this] { state.flipOrientation(); });
     devicePill->add(orientation);
 }
 
@@ -106,9 +105,7 @@ void ToolbarPreviewControlStrip::Parts::makeAppearancePill(QWidget* parent) {
         button->setObjectName(QStringLiteral("appearance") + text(rawValue(each)));
         button->setCheckable(true);
         connect(button, &QAbstractButton::clicked, appearancePill, [this, each] {
-            PreviewChoice choice = state.choice();
-            choice.appearance = each;
-            state.setChoice(choice);
+            state.setAppearance(each);
             Q_EMIT state.changed();
         });
         appearances.emplace_back(each, button);
@@ -120,14 +117,19 @@ ToolbarPreviewControlStrip::ToolbarPreviewControlStrip(EditorWindowState& state,
     : QWidget(parent), m_parts(std::make_unique<Parts>(state)) {
     setObjectName(QStringLiteral("previewControls"));
     setAccessibleName(tr("Preview controls"));
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins({});
-    row->setSpacing(distance::groups);
-    row->addWidget(m_parts->makeModePill(this));
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    m_parts->makeModePill(this);
     m_parts->makeDevicePill(this);
-    row->addWidget(m_parts->devicePill);
     m_parts->makeAppearancePill(this);
-    row->addWidget(m_parts->appearancePill);
+    for (ToolbarControlPill* pill : {m_parts->devicePill, m_parts->appearancePill}) {
+        auto* fade = new QGraphicsOpacityEffect(pill);
+        fade->setEnabled(false);
+        pill->setGraphicsEffect(fade);
+    }
+    m_parts->transition.setEasingCurve(springCurve());
+    m_parts->transition.setStartValue(1.0);
+    m_parts->transition.setEndValue(1.0);
+    connect(&m_parts->transition, &QVariantAnimation::valueChanged, this, [this] { arrange(); });
     connect(&state, &EditorWindowState::changed, this, [this] { refresh(); });
     refresh();
 }
@@ -141,8 +143,6 @@ void ToolbarPreviewControlStrip::refresh() {
         button->setChecked(mode == state.mode());
     }
     const bool isRendered = state.mode() == PreviewMode::rendered;
-    m_parts->devicePill->setVisible(isRendered);
-    m_parts->appearancePill->setVisible(isRendered);
     m_parts->device->setContent(text(rawValue(choice.device)), std::string(symbolName(choice.device)));
     m_parts->orientation->setContent(text(rawValue(choice.orientation)),
                                      std::string(symbolName(choice.orientation)));
@@ -150,6 +150,57 @@ void ToolbarPreviewControlStrip::refresh() {
     for (const auto& [appearance, button] : m_parts->appearances) {
         button->setChecked(appearance == choice.appearance);
     }
+    showPageControls(isRendered);
+    arrange();
+}
+
+void ToolbarPreviewControlStrip::showPageControls(bool areShown) {
+    QVariantAnimation& transition = m_parts->transition;
+    const double end = areShown ? 1 : 0;
+    if (transition.endValue().toDouble() == end) {
+        return;
+    }
+    const QVariant start = transition.currentValue();
+    transition.stop();
+    transition.setDuration(theme().duration(motion::spring));
+    transition.setStartValue(start);
+    transition.setEndValue(end);
+    transition.start();
+    // On their way out they can no longer be pressed.
+    for (ToolbarControlPill* pill : {m_parts->devicePill, m_parts->appearancePill}) {
+        pill->setAttribute(Qt::WA_TransparentForMouseEvents, !areShown);
+    }
+}
+
+QSize ToolbarPreviewControlStrip::sizeHint() const {
+    const Parts& parts = *m_parts;
+    const double shown = parts.transition.currentValue().toDouble();
+    const QSize mode = parts.modePill->sizeHint();
+    const int others = parts.devicePill->sizeHint().width() + parts.appearancePill->sizeHint().width() +
+                       2 * distance::groups;
+    return {mode.width() + static_cast<int>(std::lround(shown * others)),
+            std::max(mode.height(), parts.devicePill->sizeHint().height())};
+}
+
+/// The page's pills come out of the strip's right edge while it grows, and fade in.
+void ToolbarPreviewControlStrip::arrange() {
+    Parts& parts = *m_parts;
+    const double shown = parts.transition.currentValue().toDouble();
+    const int height = sizeHint().height();
+    int left = 0;
+    for (ToolbarControlPill* pill : {parts.modePill, parts.devicePill, parts.appearancePill}) {
+        const QSize size = pill->sizeHint();
+        const double away = pill == parts.modePill ? 0 : (1 - shown) * size.width();
+        pill->setGeometry(left + static_cast<int>(std::lround(away)), (height - size.height()) / 2,
+                          size.width(), size.height());
+        left += size.width() + distance::groups;
+        if (auto* fade = qobject_cast<QGraphicsOpacityEffect*>(pill->graphicsEffect())) {
+            fade->setEnabled(shown < 1);
+            fade->setOpacity(std::clamp(shown, 0.0, 1.0));
+            pill->setVisible(shown > 0);
+        }
+    }
+    updateGeometry();
 }
 
 } // namespace quillon

@@ -18,8 +18,13 @@ public:
     ToolbarPreviewControlStrip(EditorWindowState& state, QWidget* parent);
     ~ToolbarPreviewControlStrip() override;
 
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
 private:
     void refresh();
+    void showPageControls(bool areShown);
+    void arrange();
 
     struct Parts;
     std::unique_ptr<Parts> m_parts;
