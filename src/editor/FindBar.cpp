@@ -8,7 +8,6 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QSignalBlocker>
 #include <QToolButton>
 
 namespace quillon {
@@ -70,13 +69,17 @@ void FindBar::open() {
         std::string_view(m_text.text()).substr(selection.begin, selection.size());
     show();
     const bool isWithinLine = m_text.lines().lineOf(selection.begin) == m_text.lines().lineOf(selection.end);
+    QString wanted = m_field->text();
     if (!selection.isEmpty() && selection.size() <= longestTaken && isWithinLine) {
-        const QSignalBlocker once(m_field); // the search is below
-        m_field->setText(QString::fromUtf8(selected.data(), static_cast<qsizetype>(selected.size())));
+        wanted = QString::fromUtf8(selected.data(), static_cast<qsizetype>(selected.size()));
     }
     m_field->setFocus();
+    if (wanted == m_field->text()) {
+        search(Then::select);
+    } else {
+        m_field->setText(wanted); // searches
+    }
     m_field->selectAll();
-    search(Then::select);
 }
 
 void FindBar::close() {
