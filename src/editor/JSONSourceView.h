@@ -54,10 +54,13 @@ public:
     void select(std::size_t anchor, std::size_t caret);
     /// Scrolls where not both ends are in sight; the second end comes to the middle.
     void reveal(TextRange range);
+
+public Q_SLOTS:
     void selectAll();
-    /// Puts the selected text on the clipboard, if there is any.
+    /// Puts the selected text on the clipboard, if there is any. The window's commands call it by its name.
     void copy() const;
 
+public:
     /// Shows what a search has found in this view's text.
     void setMatches(TextMatches matches);
     const TextMatches& matches() const { return m_matches; }

@@ -171,6 +171,9 @@ TEST_F(JSONSourceViewTest, copiesWhatIsSelected) {
     menu->actions().at(1)->trigger();
     EXPECT_EQ(view.selectedText(), "another");
     menu->close();
+    // And as the window's commands do it for any text.
+    EXPECT_TRUE(QMetaObject::invokeMethod(&view, "copy"));
+    EXPECT_EQ(QApplication::clipboard()->text(), "another");
 }
 
 TEST_F(JSONSourceViewTest, everyCharacterStandsInItsPlace) {
