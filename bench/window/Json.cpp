@@ -37,7 +37,7 @@ std::string manyLines() {
     return text;
 }
 
-/// The same bytes in one line, which Qt's widget would take minutes for.
+/// The same bytes in one line, which costs Qt's widget many seconds for each step.
 std::string oneLine(std::string text) {
     std::replace(text.begin(), text.end(), '\n', ' ');
     return text;
