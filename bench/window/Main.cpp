@@ -37,13 +37,26 @@ bool allHold() {
 
 } // namespace quillon::bench
 
+/// Measures the subjects that its arguments name; without any, all of them.
 int main(int argc, char** argv) {
+    using namespace quillon::bench;
+    struct Subject {
+        const char* name;
+        void (*measure)();
+    };
+    constexpr Subject subjects[] = {{"start", measureStart},
+                                    {"pages", measurePages},
+                                    {"gaps", measureGaps},
+                                    {"recovery", measureRecovery},
+                                    {"json", measureJson}};
     quillon::prepareWebEngine();
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    quillon::bench::measureStart();
-    quillon::bench::measurePages();
-    quillon::bench::measureGaps();
-    quillon::bench::measureRecovery();
-    return quillon::bench::allHold() ? 0 : 1;
+    const QStringList wanted = application.arguments().mid(1);
+    for (const Subject& subject : subjects) {
+        if (wanted.isEmpty() || wanted.contains(QLatin1String(subject.name))) {
+            subject.measure();
+        }
+    }
+    return allHold() ? 0 : 1;
 }

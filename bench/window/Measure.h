@@ -39,5 +39,6 @@ void measurePages();
 void measureGaps();
 void measureRecovery();
 void measureStart();
+void measureJson();
 
 } // namespace quillon::bench

@@ -2,19 +2,20 @@
 
 #include "desktop/theme/Symbols.h"
 #include "desktop/theme/Theme.h"
+#include "editor/JSONSourceView.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QToolButton>
-
-#include <algorithm>
 
 namespace quillon {
 
 namespace {
+
+/// Bytes of a selection that is taken for what to search.
+constexpr std::size_t longestTaken = 1000;
 
 QToolButton* makeButton(const char* objectName, const QString& name, std::string_view symbol,
                         QWidget* parent) {
@@ -29,7 +30,7 @@ QToolButton* makeButton(const char* objectName, const QString& name, std::string
 
 } // namespace
 
-FindBar::FindBar(QPlainTextEdit& text, QWidget* parent)
+FindBar::FindBar(JSONSourceView& text, QWidget* parent)
     : QWidget(parent), m_text(text), m_field(new QLineEdit(this)), m_count(new QLabel(this)) {
     setObjectName(QStringLiteral("findBar"));
     setAutoFillBackground(true);
@@ -48,10 +49,10 @@ FindBar::FindBar(QPlainTextEdit& text, QWidget* parent)
     row->addWidget(previous);
     row->addWidget(next);
     row->addWidget(done);
-    connect(m_field, &QLineEdit::textChanged, this, [this] { search(); });
-    connect(&text, &QPlainTextEdit::textChanged, this, [this] {
+    connect(m_field, &QLineEdit::textChanged, this, [this] { search(Then::select); });
+    connect(&text, &JSONSourceView::textChanged, this, [this] {
         if (isVisible()) {
-            search();
+            search(Then::stay);
         }
     });
     connect(previous, &QToolButton::clicked, this, [this] { go(Direction::backward); });
@@ -63,62 +64,74 @@ FindBar::FindBar(QPlainTextEdit& text, QWidget* parent)
 }
 
 void FindBar::open() {
-    const QString selected = m_text.textCursor().selectedText();
+    const TextRange selection = m_text.selection();
+    const std::string_view selected =
+        std::string_view(m_text.text()).substr(selection.begin, selection.size());
     show();
-    if (!selected.isEmpty() && !selected.contains(QChar::ParagraphSeparator)) {
-        m_field->setText(selected);
+    const bool isWithinLine = m_text.lines().lineOf(selection.begin) == m_text.lines().lineOf(selection.end);
+    QString wanted = m_field->text();
+    if (!selection.isEmpty() && selection.size() <= longestTaken && isWithinLine) {
+        wanted = QString::fromUtf8(selected.data(), static_cast<qsizetype>(selected.size()));
     }
     m_field->setFocus();
+    if (wanted == m_field->text()) {
+        search(Then::select);
+    } else {
+        m_field->setText(wanted); // searches
+    }
     m_field->selectAll();
-    search();
 }
 
 void FindBar::close() {
     // First, as a bar that hides hands the keyboard on to whatever comes next.
     m_text.setFocus();
     hide();
+    m_text.setMatches({});
 }
 
-void FindBar::search() {
-    const QString needle = m_field->text();
-    const QString text = m_text.toPlainText();
-    m_places.clear();
-    for (qsizetype place = needle.isEmpty() ? -1 : text.indexOf(needle, 0, Qt::CaseInsensitive); place >= 0;
-         place = text.indexOf(needle, place + needle.size(), Qt::CaseInsensitive)) {
-        m_places.push_back(static_cast<int>(place));
-    }
-    if (!m_places.empty()) {
-        const auto next =
-            std::lower_bound(m_places.begin(), m_places.end(), m_text.textCursor().selectionStart());
-        select(next == m_places.end() ? 0 : static_cast<std::size_t>(next - m_places.begin()));
+void FindBar::search(Then then) {
+    m_text.setMatches(TextMatches(m_text.text(), m_field->text().toStdString()));
+    const TextMatches& matches = m_text.matches();
+    if (matches.count() > 0) {
+        setCurrent(matches.firstFrom(m_text.selection().begin) % matches.count(), then);
     }
     showCount();
 }
 
 void FindBar::go(Direction direction) {
-    if (m_places.empty()) {
+    if (!isVisible()) {
+        open();
         return;
     }
-    const std::size_t count = m_places.size();
-    select((m_current + (direction == Direction::forward ? 1 : count - 1)) % count);
+    const TextMatches& matches = m_text.matches();
+    const std::size_t count = matches.count();
+    if (count == 0) {
+        return;
+    }
+    const TextRange selection = m_text.selection();
+    setCurrent(direction == Direction::forward ? matches.firstFrom(selection.end) % count
+                                               : (matches.firstFrom(selection.begin) + count - 1) % count,
+               Then::select);
     showCount();
 }
 
-void FindBar::select(std::size_t place) {
-    m_current = place;
-    QTextCursor cursor = m_text.textCursor();
-    cursor.setPosition(m_places[place]);
-    cursor.setPosition(m_places[place] + static_cast<int>(m_field->text().size()), QTextCursor::KeepAnchor);
-    m_text.setTextCursor(cursor);
+void FindBar::setCurrent(std::size_t match, Then then) {
+    m_current = match;
+    m_text.setCurrentMatch(match);
+    if (then == Then::select) {
+        const TextRange place = m_text.matches().at(match);
+        m_text.select(place.begin, place.end);
+    }
 }
 
 void FindBar::showCount() {
+    const std::size_t count = m_text.matches().count();
     if (m_field->text().isEmpty()) {
         m_count->clear();
-    } else if (m_places.empty()) {
+    } else if (count == 0) {
         m_count->setText(tr("No matches"));
     } else {
-        m_count->setText(tr("%1 of %2").arg(m_current + 1).arg(m_places.size()));
+        m_count->setText(tr("%1 of %2").arg(m_current + 1).arg(count));
     }
 }
 
@@ -132,10 +145,10 @@ bool FindBar::eventFilter(QObject* watched, QEvent* event) {
         open();
     } else if (isVisible() && key->key() == Qt::Key_Escape) {
         close();
-    } else if (isVisible() && (key->matches(QKeySequence::FindPrevious) ||
-                               (watched == m_field && isReturn && (key->modifiers() & Qt::ShiftModifier)))) {
+    } else if (key->matches(QKeySequence::FindPrevious) ||
+               (watched == m_field && isReturn && key->modifiers().testFlag(Qt::ShiftModifier))) {
         go(Direction::backward);
-    } else if (isVisible() && (key->matches(QKeySequence::FindNext) || (watched == m_field && isReturn))) {
+    } else if (key->matches(QKeySequence::FindNext) || (watched == m_field && isReturn)) {
         go(Direction::forward);
     } else {
         return QWidget::eventFilter(watched, event);

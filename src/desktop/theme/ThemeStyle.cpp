@@ -116,6 +116,9 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
             drawFocusRing(*painter, option->rect, radius::field);
         }
         return;
+    case PE_PanelScrollAreaCorner:
+        painter->fillRect(option->rect, option->palette.window());
+        return;
     case PE_PanelMenu:
     case PE_PanelTipLabel:
         painter->fillRect(option->rect, colors.surface);

@@ -34,6 +34,8 @@ ThemeColors lightColors() {
     colors.pressed = color(0x1D1D1F, 0.11);
     colors.track = color(0x3C3C43, 0.12);
     colors.raised = color(0xFFFFFF);
+    colors.match = color(0xFFCC00, 0.28);
+    colors.matchCurrent = color(0xFFCC00, 0.75);
     colors.knob = color(0xFFFFFF);
     colors.shadow = color(0x000000, 0.14);
     return colors;
@@ -60,6 +62,8 @@ ThemeColors darkColors() {
     colors.pressed = color(0xF5F5F7, 0.14);
     colors.track = color(0xEBEBF5, 0.14);
     colors.raised = color(0x5A5A60);
+    colors.match = color(0xFFD60A, 0.18);
+    colors.matchCurrent = color(0xFFD60A, 0.45);
     colors.knob = color(0xFFFFFF);
     colors.shadow = color(0x000000, 0.4);
     return colors;

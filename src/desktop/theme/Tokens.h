@@ -33,6 +33,8 @@ struct ThemeColors {
     QColor accentTint;   ///< see-through: behind the chosen tab
     QColor pillSelected; ///< see-through: behind the chosen control of a pill
     QColor pillOutline;  ///< see-through
+    QColor match;        ///< see-through: behind what a search has found
+    QColor matchCurrent; ///< see-through: behind the one it is at
     QColor columnLine;   ///< see-through: between the columns of a window
     QColor shadow;       ///< see-through
 };
@@ -83,6 +85,7 @@ constexpr int rowLabel = 132; ///< width of the labels' column
 constexpr int line = 1;
 constexpr int focusRing = 2;
 constexpr int underline = 2;
+constexpr int caret = 1;
 constexpr int scrollBar = 10;
 constexpr int progressBar = 6;
 constexpr int spinner = 20;
