@@ -23,7 +23,7 @@
 #include <QMenu>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QTreeWidget>
+#include <QTreeView>
 #include <QWebEngineView>
 
 namespace quillon::test {
@@ -166,7 +166,7 @@ TEST_F(EditorViewTest, columnsAreDraggedWithinTheirLimits) {
 }
 
 TEST_F(EditorViewTest, selectionGoesBetweenOutlineInspectorAndDocument) {
-    auto* outline = find<QTreeWidget>("outline");
+    auto* outline = find<QTreeView>("outline");
     const auto title = [&] {
         return window->findChild<InspectorColumn*>()->findChild<Header*>()->accessibleName().toStdString();
     };
@@ -177,12 +177,12 @@ TEST_F(EditorViewTest, selectionGoesBetweenOutlineInspectorAndDocument) {
     EXPECT_EQ(store.selection(), EditorSelection::ofComponent(first));
     EXPECT_EQ(title(), store.article().components[0].role.displayName());
     addComponent(store, ComponentRole::section);
-    EXPECT_EQ(outline->currentItem()->text(0), "Section");
+    EXPECT_EQ(outline->currentIndex().data().toString(), "Section");
     QTest::keyClick(outline, Qt::Key_Home);
     EXPECT_EQ(store.selection(), EditorSelection::document());
     store.select(EditorSelection::ofComponent(Uuid::random()));
     EXPECT_TRUE(window->findChild<EmptyState*>()->isVisible());
-    EXPECT_FALSE(outline->currentItem());
+    EXPECT_FALSE(outline->currentIndex().isValid());
     store.select(EditorSelection::ofComponent(first));
     EXPECT_FALSE(window->findChild<EmptyState*>()->isVisible());
 }
