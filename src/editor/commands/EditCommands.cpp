@@ -78,7 +78,9 @@ EditCommands::EditCommands(DocumentWindow& window, EditorView& editor)
     fillComponentAddMenu(window.menu(WindowMenu::Insert),
                          [&store](const ComponentRole& role) { addComponent(store, role); });
 
-    connect(qApp, &QApplication::focusChanged, this, [this] { refresh(); });
+    // Queued: the widgets of a window that closes hand the keyboard on while the rest of it is gone already.
+    connect(
+        qApp, &QApplication::focusChanged, this, [this] { refresh(); }, Qt::QueuedConnection);
     connect(&editor.state(), &EditorWindowState::changed, this, [this] { refresh(); });
     connect(&menu, &QMenu::aboutToShow, this, [this] { refresh(); });
     parts.subscription = store.observe([this](const StoreChange&) { refresh(); });

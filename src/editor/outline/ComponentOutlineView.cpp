@@ -30,6 +30,8 @@ ComponentOutlineView::ComponentOutlineView(DocumentStore& store, Settings& setti
       m_dragging(new OutlineDragging(*this, m_state.drag)) {
     setObjectName(QStringLiteral("outline"));
     setAccessibleName(tr("Outline"));
+    setModel(&m_model);
+    setItemDelegate(&m_delegate);
     setFrameShape(QFrame::NoFrame);
     setHeaderHidden(true);
     setUniformRowHeights(true);
@@ -42,8 +44,7 @@ ComponentOutlineView::ComponentOutlineView(DocumentStore& store, Settings& setti
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAcceptDrops(true);
-    setModel(&m_model);
-    setItemDelegate(&m_delegate);
+    setViewportMargins(0, distance::inside, 0, 0);
     m_state.showsDetails = settings.componentOutlineShowsDetails();
     m_state.drag.canDrop = [this](const Uuid& id, const ComponentDropIntent& intent) {
         return canDrop(id, intent, m_store.article().components);
@@ -162,14 +163,15 @@ void ComponentOutlineView::paintEvent(QPaintEvent* event) {
     const ThemeColors& colors = theme().colors();
     painter.fillRect(viewport()->rect(), colors.sidebar);
     QTreeView::paintEvent(event);
-    const QRect zone = m_dragging->rootDropZone();
     if (m_model.rowCount(m_model.articleIndex()) == 0 && isExpanded(m_model.articleIndex())) {
         painter.setFont(theme().font(TextSize::Label));
         painter.setPen(colors.textSecondary);
-        painter.drawText(zone.adjusted(emptyTextInset, distance::inside, 0, distance::around),
-                         Qt::AlignLeft | Qt::AlignTop, tr("No components yet"));
+        painter.drawText(
+            m_dragging->rootDropZone().adjusted(emptyTextInset, distance::inside, 0, distance::around),
+            Qt::AlignLeft | Qt::AlignTop, tr("No components yet"));
     }
     if (m_state.drag.activeDropIntent == ComponentDropIntent::appendToRoot()) {
+        const QRect zone = m_dragging->rootDropZone();
         painter.fillRect(
             QRect(dropLineInset, zone.top(), zone.width() - 2 * dropLineInset, dropLine),
             QColor(QLatin1String(articleTint.data(), static_cast<qsizetype>(articleTint.size()))));

@@ -17,8 +17,8 @@ namespace quillon {
 
 namespace {
 
-constexpr int rowHeight = 32;
-constexpr int rowHeightWithDetails = 40;
+constexpr int rowHeight = 30;
+constexpr int rowHeightWithDetails = 38;
 constexpr int chevronSide = 16;
 constexpr int levelIndent = 6; ///< of the marks; what stands behind them goes in by `depthIndent` more
 constexpr int depthIndent = 8;
