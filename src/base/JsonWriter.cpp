@@ -2,6 +2,7 @@
 
 #include "base/Numbers.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -31,6 +32,7 @@ constexpr std::array<char, 256> escapes = [] {
 void JsonWriter::begin(char bracket) {
     m_out += bracket;
     ++m_level;
+    m_maximumDepth = std::max(m_maximumDepth, m_level);
     m_isEmpty = true;
 }
 

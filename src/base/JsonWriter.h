@@ -33,6 +33,8 @@ public:
     void null() { m_out += "null"; }
 
     bool hasFailed() const { return m_hasFailed; }
+    /// How deep objects and lists stood in each other at most.
+    size_t maximumDepth() const { return m_maximumDepth; }
     std::string take() { return std::move(m_out); }
 
 private:
@@ -42,6 +44,7 @@ private:
 
     std::string m_out;
     size_t m_level = 0;
+    size_t m_maximumDepth = 0;
     bool m_isEmpty = true; ///< nothing stands yet in the innermost object or list
     bool m_hasFailed = false;
 };

@@ -1,5 +1,8 @@
 #include "document/EditorOperations.h"
 
+#include "base/JsonText.h"
+#include "base/JsonWriter.h"
+#include "model/Codec.h"
 #include "model/ComponentTree.h"
 #include "package/ComponentSamples.h"
 
@@ -16,8 +19,28 @@ EditKind kindOf(const char* verb, const Component* component) {
     return {std::string(verb) + " " + name, {}};
 }
 
+/// Whether a file can hold `components` as far as the nesting at the component `id` goes.
+bool isReadable(const List<Component>& components, const std::optional<Uuid>& id) {
+    const Component* component = id ? findComponent(*id, components) : nullptr;
+    if (!component) {
+        return true;
+    }
+    JsonWriter writer;
+    writeValue(writer, *component);
+    constexpr std::size_t levelsEach = 2; // the object and the list that it stands in
+    std::size_t depth = levelsEach + writer.maximumDepth();
+    for (auto place = locateComponent(*id, components); place && place->parent;
+         place = locateComponent(*place->parent, components)) {
+        depth += levelsEach;
+    }
+    return depth <= JsonText::maximumDepth;
+}
+
 void setComponents(DocumentStore& store, const EditKind& kind, List<Component> components,
                    const EditorSelection& selection) {
+    if (!isReadable(components, selection.component)) {
+        return;
+    }
     ArticleDocument article = store.article();
     article.components = std::move(components);
     store.edit(kind, std::move(article), selection);
@@ -69,6 +92,12 @@ void moveComponent(DocumentStore& store, const Uuid& id, std::optional<Uuid> par
     setComponents(store, kindOf("Move", findComponent(id, before)), moveComponent(id, parent, index, before),
                   EditorSelection::ofComponent(id));
     store.select(EditorSelection::ofComponent(id));
+}
+
+void moveComponent(DocumentStore& store, const Uuid& id, KeyboardMove move) {
+    if (const auto place = movedPlace(id, move, store.article().components)) {
+        moveComponent(store, id, place->parent, place->index);
+    }
 }
 
 void duplicateComponent(DocumentStore& store, const Uuid& id) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/DocumentStore.h"
+#include "document/outline/KeyboardMove.h"
 #include "model/Component.h"
 
 #include <cstdint>
@@ -9,7 +10,7 @@
 #include <vector>
 
 /// What changes the shape of an article's tree, and the selection with it. Ids that no longer exist leave the
-/// tree as it is. Each is one step to undo.
+/// tree as it is, and so does what would nest deeper than a file may. Each is one step to undo.
 namespace quillon {
 
 /// Adds a sample component of `role` as the last child of `parent`; without one, of `defaultAddParent`;
@@ -26,6 +27,9 @@ void deleteComponent(DocumentStore& store, const Uuid& id, const char* verb = "D
 /// Moves a component to `index` among the children of `parent`, or of the top level without one, counted
 /// without the component itself. Selects it, also when the move is refused.
 void moveComponent(DocumentStore& store, const Uuid& id, std::optional<Uuid> parent, std::int64_t index);
+
+/// Moves a component one step by the keyboard, and selects it; nothing happens where the step leads nowhere.
+void moveComponent(DocumentStore& store, const Uuid& id, KeyboardMove move);
 
 /// Puts a copy of a component, with new ids, behind it, and selects the copy.
 void duplicateComponent(DocumentStore& store, const Uuid& id);

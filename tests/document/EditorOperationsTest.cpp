@@ -127,6 +127,41 @@ TEST_F(EditorOperationsTest, pastedComponentsStandBehindTheSelectedOneOrFillAnEm
     EXPECT_EQ(store->undoTitle(), "Undo Paste Caption");
 }
 
+TEST_F(EditorOperationsTest, theKeyboardMovesWithinOutOfAndIntoContainers) {
+    const auto moved = [&](const Uuid& id, KeyboardMove move) {
+        moveComponent(*store, id, move);
+        return shape();
+    };
+    EXPECT_EQ(moved(body.id, KeyboardMove::up), "body section ( body ) ");
+    EXPECT_FALSE(store->canUndo()) << "a step that leads nowhere";
+    EXPECT_EQ(moved(body.id, KeyboardMove::down), "section ( body ) body ");
+    EXPECT_EQ(moved(body.id, KeyboardMove::down), "section ( body ) body ");
+    EXPECT_EQ(moved(body.id, KeyboardMove::in), "section ( body body ) ");
+    EXPECT_EQ(moved(body.id, KeyboardMove::in), "section ( body body ) ")
+        << "what stands above is no container";
+    EXPECT_EQ(moved(body.id, KeyboardMove::up), "section ( body body ) ");
+    EXPECT_EQ(selected()->id, body.id);
+    EXPECT_EQ(moved(body.id, KeyboardMove::out), "section ( body ) body ");
+    EXPECT_EQ(moved(body.id, KeyboardMove::out), "section ( body ) body ");
+    EXPECT_EQ(store->undoTitle(), "Undo Move Body");
+}
+
+TEST_F(EditorOperationsTest, nothingNestsDeeperThanAFileCanHold) {
+    select(sectionId);
+    std::string last;
+    for (int level = 0; level < 300; ++level) {
+        const ArticleDocument before = store->article();
+        addComponent(*store, ComponentRole::container);
+        if (store->article() == before) {
+            break;
+        }
+        ASSERT_TRUE(sharedArticleDecoder.decode(*sharedArticleEncoder.encode(store->article()))) << level;
+        last = store->undoTitle();
+    }
+    EXPECT_FALSE(selected()) << "the last one was refused";
+    EXPECT_EQ(last, "Undo Add Container");
+}
+
 TEST_F(EditorOperationsTest, accessFollowsItsComponentAndOutlivesIt) {
     const auto access = componentAccess(*store, inner.id);
     ASSERT_TRUE(access);
