@@ -6,6 +6,7 @@
 #include "app/commands/WindowCommands.h"
 #include "editor/commands/EditCommands.h"
 #include "editor/commands/EditorCommands.h"
+#include "editor/commands/MoveCommands.h"
 
 namespace quillon {
 
@@ -13,6 +14,7 @@ EditorView* makeDocumentScene(const ProgramServices& services, DocumentStore& st
     auto* editor = new EditorView(store, services.settings, services.scheduler, &window);
     GenerateCommands{services.newDocument}.addTo(window.menu(WindowMenu::File));
     new EditCommands(window, *editor);
+    new MoveCommands(window, *editor);
     new EditorCommands(window, *editor, services.settings);
     WindowCommands{services.windows}.addTo(window);
     BetaCommands{services.openSettings}.addTo(window.menu(WindowMenu::Beta));

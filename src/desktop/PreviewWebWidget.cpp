@@ -6,14 +6,17 @@
 #include "desktop/WebRequests.h"
 #include "preview/PageHandover.h"
 
+#include <QApplication>
 #include <QChildEvent>
 #include <QContextMenuEvent>
 #include <QEvent>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
 #include <QWebEngineProfile>
+#include <QWebEngineScript>
 #include <QWebEngineView>
 
 #include <csignal>
@@ -33,6 +36,7 @@ class View : public QWebEngineView {
 public:
     using QWebEngineView::QWebEngineView;
     std::function<void()> onReload;
+    std::function<void(const QPointF&)> onClick; ///< a press and a release in one place of the page
 
 protected:
     /// What is dropped on a page belongs to the window. The engine's own widgets come and go with its process
@@ -42,7 +46,22 @@ protected:
         if (event->added() && event->child()->isWidgetType()) {
             auto* widget = static_cast<QWidget*>(event->child());
             QTimer::singleShot(0, widget, [widget] { widget->setAcceptDrops(false); });
+            widget->installEventFilter(this);
         }
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease) {
+            const auto* mouse = static_cast<QMouseEvent*>(event);
+            const bool isLeft = mouse->button() == Qt::LeftButton && !mouse->modifiers();
+            if (event->type() == QEvent::MouseButtonPress) {
+                m_press = isLeft ? std::optional(mouse->position()) : std::nullopt;
+            } else if (isLeft && m_press &&
+                       (mouse->position() - *m_press).manhattanLength() < QApplication::startDragDistance()) {
+                onClick(mouse->position());
+            }
+        }
+        return QWebEngineView::eventFilter(watched, event);
     }
 
     void contextMenuEvent(QContextMenuEvent* event) override {
@@ -54,7 +73,25 @@ protected:
         connect(menu->addAction(tr("Reload Preview")), &QAction::triggered, this, [this] { onReload(); });
         menu->popup(event->globalPos());
     }
+
+private:
+    std::optional<QPointF> m_press;
 };
+
+/// The nearest component at a place of the page, in CSS pixels. What the page itself does something with on a
+/// click is left to it, and so is a click that ends a selection.
+QString componentScript(const QPointF& place) {
+    return QStringLiteral(
+               "((x, y) => {"
+               "  const hit = document.elementFromPoint(x, y);"
+               "  const controls = 'a, area, button, input, select, textarea, label, summary, video, audio,"
+               " iframe, object, embed, [contenteditable], [onclick], [role=button], [tabindex]';"
+               "  if (!hit || hit.closest(controls) || String(getSelection())) { return ''; }"
+               "  return hit.closest('[data-component-id]')?.dataset.componentId ?? '';"
+               "})(%1, %2)")
+        .arg(place.x())
+        .arg(place.y());
+}
 
 void endProcess(qint64 process) {
     if (process > 0) {
@@ -124,6 +161,18 @@ PreviewWebWidget::PreviewWebWidget(const WebViewConfiguration& configuration, Sc
     };
     parts.view.onReload = [this] {
         reload();
+    };
+    // In a world of its own, where the page's scripts change nothing.
+    parts.view.onClick = [this](const QPointF& place) {
+        m_parts->page.runJavaScript(componentScript(place / m_parts->zoom),
+                                    QWebEngineScript::ApplicationWorld,
+                                    [this, alive = m_parts->whileAlive.handle()](const QVariant& id) {
+                                        alive([this, id] {
+                                            if (!id.toString().isEmpty()) {
+                                                Q_EMIT componentClicked(id.toString());
+                                            }
+                                        })();
+                                    });
     };
     parts.view.setPage(&parts.page);
     parts.view.setAcceptDrops(false);

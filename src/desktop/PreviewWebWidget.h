@@ -41,6 +41,9 @@ Q_SIGNALS:
     /// The web process ended and was started again with the current page, or, where that happens again and
     /// again, waits for the next one.
     void restarted(bool isWaiting);
+    /// A component of the page was clicked, and nothing in it that does something by itself. `id` is whatever
+    /// the page says.
+    void componentClicked(const QString& id);
     /// The engine was given the page to load.
     void handedOver();
     /// The page is complete.

@@ -5,6 +5,8 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <utility>
+
 namespace quillon {
 
 namespace {
@@ -36,6 +38,13 @@ std::optional<WindowPlacement> initialPlacement(const QRect& available) {
 
 void placeInitially(QWidget& window) {
     QTimer::singleShot(0, &window, [&window] { place(window); });
+}
+
+void afterPlacement(QObject& context, std::function<void()> action) {
+    // The first turn may come before that of a window whose contents were shown before itself.
+    QTimer::singleShot(0, &context, [&context, action = std::move(action)] {
+        QTimer::singleShot(0, &context, action);
+    });
 }
 
 } // namespace quillon

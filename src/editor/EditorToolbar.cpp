@@ -31,9 +31,7 @@ EditorToolbar::EditorToolbar(EditorWindowState& state, const std::function<void(
                              QWidget* parent)
     : QWidget(parent), m_state(state),
       m_outline(makeButton("toggleOutline", "sidebar.leading", tr("Outline"),
-                           keys::withKey(tr("Toggle the outline"), keys::showOutline), this)),
-      m_inspector(makeButton("toggleInspector", "sidebar.trailing", tr("Inspector"),
-                             keys::withKey(tr("Toggle the inspector"), keys::showInspector), this)) {
+                           keys::withKey(tr("Toggle the outline"), keys::showOutline), this)) {
     setObjectName(QStringLiteral("toolbar"));
     setAccessibleName(tr("Toolbar"));
     setFixedHeight(toolbarHeight);
@@ -41,6 +39,11 @@ EditorToolbar::EditorToolbar(EditorWindowState& state, const std::function<void(
     auto* menu = new QMenu(add);
     fillComponentAddMenu(*menu, onAdd);
     add->setMenu(menu);
+
+    auto* strip = new ToolbarPreviewControlStrip(state, this);
+    // The keyboard goes in the order in which they are made.
+    m_inspector = makeButton("toggleInspector", "sidebar.trailing", tr("Inspector"),
+                             keys::withKey(tr("Toggle the inspector"), keys::showInspector), this);
 
     auto* left = new QHBoxLayout();
     left->setSpacing(distance::inside);
@@ -55,7 +58,7 @@ EditorToolbar::EditorToolbar(EditorWindowState& state, const std::function<void(
     row->setSpacing(distance::groups);
     // Sides of one width keep the strip in the middle.
     row->addLayout(left, 1);
-    row->addWidget(new ToolbarPreviewControlStrip(state, this));
+    row->addWidget(strip);
     row->addLayout(right, 1);
 
     connect(m_outline, &QAbstractButton::clicked, &state, &EditorWindowState::toggleOutline);

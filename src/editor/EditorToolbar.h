@@ -29,7 +29,7 @@ private:
 
     EditorWindowState& m_state;
     ToolbarSymbolButton* m_outline;
-    ToolbarSymbolButton* m_inspector;
+    ToolbarSymbolButton* m_inspector = nullptr;
 };
 
 } // namespace quillon

@@ -11,6 +11,7 @@
 #include "editor/PreviewPane.h"
 #include "editor/inspectors/InspectorColumn.h"
 #include "editor/outline/ComponentOutlineView.h"
+#include "model/ComponentTree.h"
 #include "preview/ArticleDerivedContentCache.h"
 
 #include <QVBoxLayout>
@@ -52,7 +53,8 @@ EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& sche
     middle->setSpacing(0);
     auto* toolbar = new EditorToolbar(
         parts.state, [&store](const ComponentRole& role) { addComponent(store, role); }, this);
-    parts.outline = new ComponentOutlineView(store, settings, this);
+    auto* outline = new ComponentOutlineView(store, settings, this);
+    parts.outline = outline;
     parts.inspector = new InspectorColumn(store, this);
     parts.columns = new EditorColumns(parts.outline, parts.middle, parts.inspector, this);
     auto* column = new QVBoxLayout(this);
@@ -60,6 +62,11 @@ EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& sche
     column->setSpacing(0);
     column->addWidget(toolbar);
     column->addWidget(parts.columns, 1);
+    connect(outline, &ComponentOutlineView::editRequested, this, [&parts] {
+        if (parts.state.sidebars().inspector) {
+            parts.inspector->setFocus();
+        }
+    });
     connect(&parts.state, &EditorWindowState::changed, this, [this] { refresh(); });
     parts.subscription = store.observe([this](const StoreChange& change) {
         if (change.article) {
@@ -132,7 +139,6 @@ void EditorView::showJSON() {
         parts.middle->layout()->addWidget(parts.find.get());
         parts.middle->layout()->addWidget(parts.json.get());
         parts.json->show();
-        parts.json->setFocus();
     }
     parts.json->setJSON(parts.derivedContentCache.jsonText(parts.store.article()));
 }
@@ -144,9 +150,17 @@ void EditorView::showPreview() {
     if (!parts.preview) {
         parts.preview = std::make_unique<PreviewPane>(parts.store, parts.derivedContentCache, parts.settings,
                                                       parts.scheduler, parts.middle);
+        // Before it is shown, as it begins to render then.
+        parts.preview->setChoice(parts.state.choice());
         parts.middle->layout()->addWidget(parts.preview.get());
         parts.preview->show();
         connect(parts.preview.get(), &PreviewPane::pageShown, this, &EditorView::pageShown);
+        connect(parts.preview.get(), &PreviewPane::componentClicked, this, [&parts](const QString& id) {
+            const auto component = parseUuid(id.toStdString());
+            if (component && findComponent(*component, parts.store.article().components)) {
+                parts.store.select(EditorSelection::ofComponent(*component));
+            }
+        });
     }
     parts.preview->setChoice(parts.state.choice());
 }

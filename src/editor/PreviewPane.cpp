@@ -3,6 +3,7 @@
 #include "base/Time.h"
 #include "desktop/ApplicationInfo.h"
 #include "desktop/PreviewWebWidget.h"
+#include "desktop/WindowPlacement.h"
 #include "editor/PreviewNote.h"
 #include "editor/PreviewStage.h"
 #include "preview/ArticlePreviewView.h"
@@ -36,18 +37,20 @@ PreviewState previewState(const DocumentStore& store, const Settings& settings, 
 
 struct PreviewPane::Parts {
     Parts(DocumentStore& theStore, ArticleDerivedContentCache& cache, Settings& theSettings,
-          Scheduler& scheduler, PreviewPane& pane)
-        : store(theStore), settings(theSettings), preview(previewState(theStore, theSettings, {}), cache,
-                                                          {scheduler, applicationInfo, wallClockSeconds}),
-          web(coordinator.configuration(), scheduler, &pane), stage(web, &pane), progress(&pane),
-          note(&pane) {}
+          Scheduler& scheduler, PreviewPane& thePane)
+        : pane(thePane), store(theStore), settings(theSettings),
+          preview(previewState(theStore, theSettings, {}), cache,
+                  {scheduler, applicationInfo, wallClockSeconds}),
+          web(coordinator.configuration(), scheduler, &thePane), stage(web, &thePane), progress(&thePane),
+          note(&thePane) {}
 
     void follow(const StoreChange& change);
     void followState();
-    void layOut(const QSize& pane);
+    void layOut();
     void present();
     void updateWeb();
 
+    PreviewPane& pane;
     DocumentStore& store;
     Settings& settings;
     ResponsiveArticlePreview preview;
@@ -55,6 +58,7 @@ struct PreviewPane::Parts {
     PreviewWebWidget web;
     PreviewStage stage;
     PreviewChoice choice;
+    bool isPlaced = false;
     QProgressBar progress; ///< until there is a page
     PreviewNote note;
     Subscription subscription;
@@ -86,6 +90,7 @@ PreviewPane::PreviewPane(DocumentStore& store, ArticleDerivedContentCache& cache
     };
     parts.subscription = store.observe([&parts](const StoreChange& change) { parts.follow(change); });
     connect(&settings, &Settings::changed, this, [&parts] { parts.followState(); });
+    connect(&parts.web, &PreviewWebWidget::componentClicked, this, &PreviewPane::componentClicked);
     connect(&parts.web, &PreviewWebWidget::finished, this, &PreviewPane::pageShown);
     connect(&parts.web, &PreviewWebWidget::restarted, this, [this, &parts](bool isWaiting) {
         if (isWaiting) {
@@ -111,9 +116,7 @@ void PreviewPane::setChoice(const PreviewChoice& choice) {
     m_parts->followState();
     if (isZoomed) {
         m_parts->web.setZoom(choice.zoom);
-        if (isVisible()) {
-            m_parts->layOut(size());
-        }
+        m_parts->layOut();
     }
 }
 
@@ -126,14 +129,16 @@ void PreviewPane::resizeEvent(QResizeEvent* event) {
     QProgressBar& progress = m_parts->progress;
     progress.move((width() - progress.width()) / 2, (height() - progress.height()) / 2);
     m_parts->note.arrange();
-    if (isVisible()) {
-        m_parts->layOut(size());
-    }
+    m_parts->layOut();
 }
 
 void PreviewPane::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
-    m_parts->layOut(size());
+    // A page made for the size that a new window has before it is placed would be thrown away.
+    afterPlacement(*this, [this] {
+        m_parts->isPlaced = true;
+        m_parts->layOut();
+    });
 }
 
 void PreviewPane::Parts::follow(const StoreChange& change) {
@@ -155,8 +160,10 @@ void PreviewPane::Parts::followState() {
 }
 
 /// A page of twice the size has half the room.
-void PreviewPane::Parts::layOut(const QSize& pane) {
-    preview.layOut(pane.width() / choice.zoom, pane.height() / choice.zoom);
+void PreviewPane::Parts::layOut() {
+    if (isPlaced) {
+        preview.layOut(pane.width() / choice.zoom, pane.height() / choice.zoom);
+    }
     present();
 }
 
@@ -167,7 +174,9 @@ void PreviewPane::Parts::present() {
         frame = FrameSize{frame->width * choice.zoom, frame->height * choice.zoom};
     }
     stage.setFrame(frame);
-    stage.setCaption(QString::fromStdString(previewCaption(preview.environment(), choice.zoom)));
+    const PreviewEnvironment environment =
+        preview.resolvedEnvironment(pane.width() / choice.zoom, pane.height() / choice.zoom);
+    stage.setCaption(QString::fromStdString(previewCaption(environment, choice.zoom)));
 }
 
 void PreviewPane::Parts::updateWeb() {

@@ -14,6 +14,9 @@ constexpr double damping = 0.85;
 
 /// A damped harmonic oscillation from 0 to 1.
 double spring(double fraction) {
+    if (fraction >= 1) {
+        return 1;
+    }
     const double time = fraction * motion::spring / 1000;
     const double frequency = 2 * std::numbers::pi / response;
     const double root = std::sqrt(1 - damping * damping);

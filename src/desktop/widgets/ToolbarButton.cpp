@@ -54,7 +54,13 @@ void ToolbarButton::setMenu(QMenu* menu) {
 }
 
 void ToolbarButton::openMenu() {
+    m_menu->setAttribute(Qt::WA_NoMouseReplay);
     m_menu->popup(mapToGlobal(QPoint(0, height())));
+    for (QAction* action : m_menu->actions()) {
+        if (action->isChecked()) {
+            m_menu->setActiveAction(action);
+        }
+    }
 }
 
 void ToolbarButton::keyPressEvent(QKeyEvent* event) {
