@@ -38,7 +38,7 @@ constexpr Command fileCommands[] = {
     {"close", "&Close", QKeySequence::Close, "Ctrl+W", &DocumentWindow::closeRequested},
     {"save", "&Save", QKeySequence::Save, "Ctrl+S", &DocumentWindow::saveRequested},
     {"saveAs", "Save &As…", QKeySequence::SaveAs, "Ctrl+Shift+S", &DocumentWindow::saveAsRequested},
-    {"revert", "&Revert to Saved…", QKeySequence::UnknownKey, "", &DocumentWindow::revertRequested},
+    {"revert", "Re&vert to Saved…", QKeySequence::UnknownKey, "", &DocumentWindow::revertRequested},
     {"quit", "&Quit", QKeySequence::Quit, "Ctrl+Q", &DocumentWindow::quitRequested},
 };
 constexpr Command newCommand = {"new", "&New", QKeySequence::New, "Ctrl+N", &DocumentWindow::newRequested};
@@ -56,6 +56,8 @@ QAction* addItem(QMenu& menu, const char* name, const QString& text, QKeySequenc
     action->setShortcuts(keys);
     return action;
 }
+
+constexpr QSize usualSize(1720, 1040); ///< where there is no screen to be placed on
 
 /// By WindowMenu.
 constexpr struct {
@@ -98,6 +100,7 @@ DocumentWindow::DocumentWindow(DocumentStore& store, const MakeEditor& makeEdito
     : m_parts(new Parts{.store = store, .newName = std::move(newName)}) {
     setObjectName(QStringLiteral("documentWindow"));
     setAcceptDrops(true);
+    resize(usualSize);
     auto* middle = new QWidget(this);
     buildMenus();
     auto* column = new QVBoxLayout(middle);
@@ -154,7 +157,7 @@ void DocumentWindow::buildMenus() {
     };
     add(newCommand);
     add(openCommand);
-    m_parts->recent = file->addMenu(QStringLiteral("Open Re&cent"));
+    m_parts->recent = file->addMenu(QStringLiteral("Open &Recent"));
     m_parts->recent->setObjectName(QStringLiteral("recentMenu"));
     m_parts->recent->setAccessibleName(QStringLiteral("Open Recent"));
     connect(m_parts->recent, &QMenu::aboutToShow, this, &DocumentWindow::recentRequested);
@@ -180,9 +183,9 @@ void DocumentWindow::showState() {
     setWindowTitle(quillon::windowTitle(shownTitle(store.article().title), folder));
     setWindowFilePath(path ? QString::fromStdString(*path) : QString());
     setWindowModified(store.isEdited());
-    m_parts->undo->setText(menuText(QString::fromStdString(store.undoTitle())));
+    m_parts->undo->setText(QLatin1Char('&') + menuText(QString::fromStdString(store.undoTitle())));
     m_parts->undo->setEnabled(store.canUndo());
-    m_parts->redo->setText(menuText(QString::fromStdString(store.redoTitle())));
+    m_parts->redo->setText(QLatin1Char('&') + menuText(QString::fromStdString(store.redoTitle())));
     m_parts->redo->setEnabled(store.canRedo());
     const bool isChanged = std::holds_alternative<file::ChangedOnDisk>(store.fileState());
     const bool isAtPath = std::holds_alternative<file::AtPath>(store.fileState());

@@ -1,5 +1,7 @@
 #include "desktop/Questions.h"
 
+#include "desktop/theme/Symbols.h"
+
 #include <QAbstractButton>
 #include <QGridLayout>
 #include <QLabel>
@@ -49,7 +51,9 @@ QMessageBox* ask(QWidget* parent, Question question) {
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->setObjectName(question.name);
     box->setAccessibleName(question.text);
-    box->setIcon(QMessageBox::Warning);
+    constexpr int symbolSide = 32;
+    box->setIconPixmap(
+        symbolIcon(question.symbol).pixmap(QSize(symbolSide, symbolSide), box->devicePixelRatioF()));
     box->setWindowTitle(question.text);
     box->setText(question.text);
     box->setInformativeText(question.detail);

@@ -24,6 +24,7 @@ struct Question {
     QString text;
     QString detail;
     std::vector<Answer> answers;
+    const char* symbol = "exclamationmark.triangle";
 };
 
 /// Shows `question` on `parent`, which takes no other input until it is answered, and returns at once. The

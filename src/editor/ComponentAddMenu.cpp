@@ -10,6 +10,7 @@ void fillComponentAddMenu(QMenu& menu, const std::function<void(const ComponentR
     for (const AddMenuSection& section : addMenuSections()) {
         // One list of all of them would be higher than most screens.
         QMenu* sub = menu.addMenu(
+            QLatin1Char('&') +
             menuText(QString::fromUtf8(section.title.data(), static_cast<qsizetype>(section.title.size()))));
         for (const ComponentRole role : section.roles) {
             QAction* action = sub->addAction(symbolIcon(role.symbolName()),

@@ -23,22 +23,21 @@ public:
         connect(&theme(), &Theme::changed, this, [this] { update(); });
     }
 
-    std::function<void(int)> onMove; ///< to where its middle is dragged, in points from the parent's left
+    std::function<void(int)> onMove; ///< to where it is dragged, in points from the parent's left
     std::function<void()> onDoubleClick;
 
+    /// The room to take it lies on its right, where no column has a scroll bar.
     void place(int x, int height) {
-        setGeometry(x - grabWidth / 2, 0, grabWidth, height);
+        setGeometry(x, 0, grabWidth, height);
         raise();
     }
 
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.fillRect(QRect(grabWidth / 2, 0, extent::line, height()), theme().colors().columnLine);
+        painter.fillRect(QRect(0, 0, extent::line, height()), theme().colors().columnLine);
     }
-    void mousePressEvent(QMouseEvent* event) override {
-        m_offset = static_cast<int>(event->position().x()) - grabWidth / 2;
-    }
+    void mousePressEvent(QMouseEvent* event) override { m_offset = static_cast<int>(event->position().x()); }
     void mouseMoveEvent(QMouseEvent* event) override {
         if (event->buttons() & Qt::LeftButton) {
             onMove(mapToParent(event->position().toPoint()).x() - m_offset);
@@ -75,7 +74,8 @@ EditorColumns::EditorColumns(QWidget* outline, QWidget* middle, QWidget* inspect
     Parts& parts = *m_parts;
     // A width wanted beyond what fits would make the line stick on its way back.
     parts.outlineLine.onMove = [this, &parts](int x) {
-        parts.wanted.outline = std::min(x, width() - ColumnWidths::smallestMiddle - parts.inspector->width());
+        parts.wanted.outline =
+            std::min(x + extent::line, width() - ColumnWidths::smallestMiddle - parts.inspector->width());
         arrange();
         parts.wanted.outline = parts.outline->width();
     };
@@ -114,14 +114,14 @@ void EditorColumns::arrange() {
     Parts& parts = *m_parts;
     const ColumnWidths fit = widths();
     parts.outline->setGeometry(0, 0, fit.outline, height());
-    parts.outline->setVisible(parts.shown.outline);
-    parts.outlineLine.setVisible(parts.shown.outline);
+    parts.outline->setVisible(fit.outline > 0);
+    parts.outlineLine.setVisible(fit.outline > 0);
     // The lines are the outer columns' own last points.
     parts.outlineLine.place(fit.outline - extent::line, height());
     parts.middle->setGeometry(fit.outline, 0, fit.middle, height());
     parts.inspector->setGeometry(fit.outline + fit.middle, 0, fit.inspector, height());
-    parts.inspector->setVisible(parts.shown.inspector);
-    parts.inspectorLine.setVisible(parts.shown.inspector);
+    parts.inspector->setVisible(fit.inspector > 0);
+    parts.inspectorLine.setVisible(fit.inspector > 0);
     parts.inspectorLine.place(fit.outline + fit.middle, height());
 }
 

@@ -117,6 +117,11 @@ void EditorView::refresh() {
     const bool isFocusLost = (isSwitch && parts.hasFocus(parts.middle)) ||
                              (!sidebars.outline && parts.hasFocus(parts.outline)) ||
                              (!sidebars.inspector && parts.hasFocus(parts.inspector));
+    if (isFocusLost) {
+        // What is hidden with the keyboard would hand it on as Tab does, and a page that gets it so scrolls
+        // to its first link.
+        setFocus();
+    }
     parts.columns->setSidebars(sidebars);
     if (isJSON) {
         showJSON();

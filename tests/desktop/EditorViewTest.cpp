@@ -132,18 +132,19 @@ TEST_F(EditorViewTest, columnsAreDraggedWithinTheirLimits) {
     const auto* columns = window->findChild<EditorColumns*>();
     const auto dragTo = [&](const char* line, int x) {
         auto* handle = find<QWidget>(line);
-        const QPoint start(handle->width() / 2, 100);
+        const QPoint start(0, 100);
         QTest::mousePress(handle, Qt::LeftButton, {}, start);
         QTest::mouseMove(handle, handle->mapFrom(columns, QPoint(x, 100)));
         QTest::mouseRelease(handle, Qt::LeftButton, {}, handle->mapFrom(columns, QPoint(x, 100)));
         return columns->widths();
     };
     ASSERT_EQ(columns->widths(), (ColumnWidths{260, 600, 440}));
-    EXPECT_EQ(dragTo("outlineLine", 300).outline, 300);
+    EXPECT_EQ(dragTo("outlineLine", 299).outline, 300);
+    EXPECT_EQ(dragTo("outlineLine", 299).outline, 300) << "a press that moves nothing";
     EXPECT_EQ(dragTo("outlineLine", 10).outline, 220);
     EXPECT_EQ(dragTo("outlineLine", 1290), (ColumnWidths{540, 320, 440}));
     EXPECT_EQ(dragTo("inspectorLine", 1290), (ColumnWidths{540, 340, 420}));
-    EXPECT_EQ(dragTo("outlineLine", 240).outline, 240)
+    EXPECT_EQ(dragTo("outlineLine", 239).outline, 240)
         << "a line does not stick where it was dragged too far";
     EXPECT_EQ(dragTo("inspectorLine", 100), (ColumnWidths{240, 500, 560}));
     window->resize(1000, 700);

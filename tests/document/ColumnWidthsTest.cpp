@@ -21,10 +21,13 @@ TEST(ColumnWidths, theMiddleIsSqueezedLast) {
         {1180, {900, 0, 440}, both, {420, 320, 440}}, // the outline gives way
         {1000, {400, 0, 560}, both, {220, 320, 460}}, // then the inspector
         {960, {400, 0, 560}, both, {220, 320, 420}},  //
-        {900, {400, 0, 560}, both, {220, 260, 420}},  // and at last the middle
+        {959, {400, 0, 560}, both, {400, 559, 0}},    // and at last it goes
         {2400, {1200, 0, 900}, both, {1200, 640, 560}},
         {1720, {10, 0, 10}, both, {220, 1080, 420}},
-        {100, {}, both, {220, 0, 420}},
+        {540, {}, both, {220, 320, 0}},
+        {539, {}, both, {0, 539, 0}},
+        {800, {}, {false, true}, {0, 360, 440}},
+        {740, {}, {false, true}, {0, 320, 420}},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(fitColumns(row.total, row.wanted, row.shown), row.fit)

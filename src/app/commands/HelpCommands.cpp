@@ -22,7 +22,8 @@ void tellAbout(QWidget& window) {
                   .text = QStringLiteral("Quillon %1").arg(QApplication::applicationVersion()),
                   .detail = QObject::tr("An editor for articles in Apple News Format.\n%1")
                                 .arg(text(endpoints::productHome)),
-                  .answers = {{QObject::tr("OK"), QMessageBox::AcceptRole, {}}}});
+                  .answers = {{QObject::tr("OK"), QMessageBox::AcceptRole, {}}},
+                  .symbol = "newspaper"});
 }
 
 } // namespace

@@ -51,15 +51,15 @@ EditCommands::EditCommands(DocumentWindow& window, EditorView& editor)
     addMenuItem(menu, {"paste", tr("&Paste"), standardKeys(QKeySequence::Paste, "Ctrl+V"), [this] {
                            paste();
                        }});
-    parts.duplicate = addMenuItem(menu, {"duplicate", tr("D&uplicate"), {QKeySequence("Ctrl+D")}, [&store] {
+    parts.duplicate = addMenuItem(menu, {"duplicate", tr("Dup&licate"), {QKeySequence("Ctrl+D")}, [&store] {
                                              if (const auto& id = store.selection().component) {
                                                  duplicateComponent(store, *id);
                                              }
                                          }});
-    parts.remove =
-        addMenuItem(menu, {"delete", tr("&Delete"), standardKeys(QKeySequence::Delete, "Del"), [this] {
-                               removeSelected();
-                           }});
+    // Some desktops delete with Ctrl+D, too, which duplicates here.
+    parts.remove = addMenuItem(menu, {"delete", tr("&Delete"), {QKeySequence("Del")}, [this] {
+                                          removeSelected();
+                                      }});
     menu.addSeparator();
     parts.find =
         addMenuItem(menu, {"find", tr("&Find…"), standardKeys(QKeySequence::Find, "Ctrl+F"), [&editor] {
@@ -91,6 +91,10 @@ EditCommands::~EditCommands() = default;
 
 void EditCommands::refresh() {
     Parts& parts = *m_parts;
+    if (FocusedText::isInMenuBar(parts.window)) {
+        // The commands are for what had the keyboard before.
+        return;
+    }
     const bool isText(FocusedText(parts.window));
     const bool isComponent = parts.selected() != nullptr;
     parts.cut->setEnabled(isText || isComponent);
@@ -107,8 +111,11 @@ void EditCommands::copy() {
     const FocusedText text(m_parts->window);
     if (text) {
         text.copy();
-    } else if (const Component* component = m_parts->selected()) {
-        QApplication::clipboard()->setText(QString::fromStdString(componentText(*component)));
+        return;
+    }
+    const Component* component = m_parts->selected();
+    if (const std::string json = component ? componentText(*component) : std::string(); !json.empty()) {
+        QApplication::clipboard()->setText(QString::fromStdString(json));
     }
 }
 
@@ -143,7 +150,9 @@ void EditCommands::paste() {
 }
 
 void EditCommands::removeSelected() {
-    if (const Component* component = m_parts->selected()) {
+    const Component* component = m_parts->selected();
+    // What is selected in the page is not told as it comes and goes.
+    if (component && !FocusedText(m_parts->window)) {
         deleteComponent(m_parts->editor.store(), component->id);
     }
 }

@@ -157,9 +157,10 @@ void EditorCommands::addColumns() {
                          parts.state.toggleInspector();
                      }},
                     [&parts] { return parts.state.sidebars().inspector; });
-    addMenuItem(parts.menu, {"toggleSidebars", tr("&Toggle Sidebars"), {QKeySequence(keys::toggleSidebars)}, [&parts] {
-                                 parts.state.toggleSidebars();
-                             }});
+    addMenuItem(parts.menu,
+                {"toggleSidebars", tr("&Toggle Sidebars"), {QKeySequence(keys::toggleSidebars)}, [&parts] {
+                     parts.state.toggleSidebars();
+                 }});
     parts.menu.addSeparator();
     parts.addMarked(parts.menu,
                     {"showComponentDetails",
@@ -172,7 +173,9 @@ void EditorCommands::addColumns() {
                     [&parts] { return parts.settings.componentOutlineShowsDetails(); });
     parts.menu.addSeparator();
     parts.addMarked(parts.menu,
-                    {"fullScreen", tr("&Full Screen"), standardKeys(QKeySequence::FullScreen, "F11"),
+                    {"fullScreen",
+                     tr("&Full Screen"),
+                     {QKeySequence("F11")},
                      [&parts] {
                          parts.window.setWindowState(parts.window.windowState() ^ Qt::WindowFullScreen);
                      }},

@@ -3,6 +3,7 @@
 #include "editor/JSONSourceView.h"
 
 #include <QLineEdit>
+#include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QTextEdit>
 #include <QWebEngineView>
@@ -36,6 +37,10 @@ FocusedText::FocusedText(const QWidget& window) {
     } else if (isText(focused)) {
         m_widget = focused;
     }
+}
+
+bool FocusedText::isInMenuBar(const QWidget& window) {
+    return qobject_cast<const QMenuBar*>(window.focusWidget()) != nullptr;
 }
 
 void FocusedText::run(const char* slot) const {

@@ -11,6 +11,9 @@ class FocusedText {
 public:
     explicit FocusedText(const QWidget& window);
 
+    /// Whether the keyboard is in the menus, for as long as one of them is open.
+    static bool isInMenuBar(const QWidget& window);
+
     explicit operator bool() const { return m_widget; }
 
     void cut() const { run("cut"); }

@@ -59,6 +59,9 @@ MoveCommands::MoveCommands(DocumentWindow& window, EditorView& editor)
 MoveCommands::~MoveCommands() = default;
 
 void MoveCommands::refresh() {
+    if (FocusedText::isInMenuBar(m_parts->window)) {
+        return;
+    }
     const auto& id = m_parts->store.selection().component;
     // In a text these keys go from word to word.
     const bool isText(FocusedText(m_parts->window));
