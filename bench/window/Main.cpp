@@ -1,6 +1,8 @@
+#include "BareWindow.h"
 #include "Measure.h"
 
 #include "desktop/WebEngine.h"
+#include "desktop/theme/Theme.h"
 
 #include <QApplication>
 
@@ -31,6 +33,12 @@ void print(const std::string& title, double value, double atMost) {
     std::fflush(stdout);
 }
 
+void printCount(const std::string& title, int count, int wanted) {
+    everyLineHolds = everyLineHolds && count == wanted;
+    std::printf("%s = %d (wanted %d)%s\n", title.c_str(), count, wanted, count == wanted ? "" : "  MISSED");
+    std::fflush(stdout);
+}
+
 bool allHold() {
     return everyLineHolds;
 }
@@ -40,18 +48,21 @@ bool allHold() {
 /// Measures the subjects that its arguments name; without any, all of them.
 int main(int argc, char** argv) {
     using namespace quillon::bench;
+    if (const auto status = runAsBareWindows(argc, argv)) {
+        return *status;
+    }
     struct Subject {
         const char* name;
         void (*measure)();
     };
-    constexpr Subject subjects[] = {{"start", measureStart},
-                                    {"pages", measurePages},
-                                    {"gaps", measureGaps},
-                                    {"recovery", measureRecovery},
-                                    {"json", measureJson}};
+    constexpr Subject subjects[] = {{"start", measureStart},       {"memory", measureMemory},
+                                    {"switch", measureSwitch},     {"drag", measureDrags},
+                                    {"pages", measurePages},       {"gaps", measureGaps},
+                                    {"recovery", measureRecovery}, {"json", measureJson}};
     quillon::prepareWebEngine();
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
+    quillon::theme().install();
     const QStringList wanted = application.arguments().mid(1);
     for (const Subject& subject : subjects) {
         if (wanted.isEmpty() || wanted.contains(QLatin1String(subject.name))) {

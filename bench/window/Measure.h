@@ -32,6 +32,8 @@ double percentile(std::vector<double> values, double share);
 
 /// A line "title = value (wanted at most ...)"; without a bound where `atMost` is not positive.
 void print(const std::string& title, double value, double atMost = 0);
+/// A line "title = count" that holds only with exactly `wanted`.
+void printCount(const std::string& title, int count, int wanted);
 /// Whether every line held its bound.
 bool allHold();
 
@@ -40,5 +42,8 @@ void measureGaps();
 void measureRecovery();
 void measureStart();
 void measureJson();
+void measureMemory();
+void measureSwitch();
+void measureDrags();
 
 } // namespace quillon::bench

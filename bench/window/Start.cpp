@@ -1,96 +1,51 @@
-#include "Measure.h"
-
 #include "ArticleMaker.h"
+#include "BareWindow.h"
+#include "FreshProgram.h"
+#include "Measure.h"
+#include "Packages.h"
 
-#include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
+#include <QCoreApplication>
 
-#include <cstdlib>
-#include <fstream>
-#include <string>
-
-/// The program from its start to the first page, and the memory of all its processes then.
+/// The program from its start to its painted window and to its page, beside a web view alone with that page.
 namespace quillon::bench {
 
 namespace {
 
-/// Kilobytes of memory that a process and those below it hold, shared pages divided among their holders.
-double treeKilobytes(qint64 process) {
-    const std::string base = "/proc/" + std::to_string(process);
-    double kilobytes = 0;
-    std::ifstream rollup(base + "/smaps_rollup");
-    for (std::string line; std::getline(rollup, line);) {
-        if (line.starts_with("Pss:")) {
-            kilobytes += std::strtod(line.c_str() + 4, nullptr);
-        }
-    }
-    std::ifstream children(base + "/task/" + std::to_string(process) + "/children");
-    for (qint64 child = 0; children >> child;) {
-        kilobytes += treeKilobytes(child);
-    }
-    return kilobytes;
-}
+constexpr int runs = 7;
 
-bool hasFinished(const std::string& log) {
-    std::ifstream file(log);
-    for (std::string line; std::getline(file, line);) {
-        if (line.find("preview.webview.reload.finish") != std::string::npos) {
-            return true;
-        }
-    }
-    return false;
-}
+struct Times {
+    std::vector<double> painted;
+    std::vector<double> page;
 
-struct Start {
-    double seconds = 0;
-    double megabytes = 0;
+    void add(const QString& path, const QStringList& arguments) {
+        FreshProgram program(path, arguments);
+        page.push_back(program.timeOf(FreshProgram::pageShown));
+        painted.push_back(program.timeOf(FreshProgram::painted));
+    }
 };
 
-Start start(std::size_t components) {
-    QTemporaryDir scratch;
-    const std::string package = scratch.filePath("package").toStdString();
-    const std::string log = scratch.filePath("log/lines").toStdString();
-    QDir().mkpath(QString::fromStdString(package));
-    std::ofstream(package + "/article.json") << makeArticle(components, ArticleShape::mixed);
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("QT_QPA_PLATFORM", "offscreen");
-    environment.insert("XDG_STATE_HOME", scratch.filePath("state"));
-    environment.insert("XDG_CONFIG_HOME", scratch.filePath("config"));
-    environment.insert("QUILLON_LOG", QString::fromStdString(log));
-    QProcess program;
-    program.setProcessEnvironment(environment);
-    Start result;
-    result.seconds = timed([&](const auto& finish) {
-        auto* timer = new QTimer(&program);
-        QObject::connect(timer, &QTimer::timeout, [=] {
-            if (hasFinished(log)) {
-                timer->stop();
-                finish();
-            }
-        });
-        timer->start(2);
-        program.start(QUILLON_PROGRAM, {QString::fromStdString(package)});
-    });
-    result.megabytes = treeKilobytes(program.processId()) / 1024;
-    program.kill();
-    program.waitForFinished();
-    return result;
+void printBeside(const std::string& title, const std::vector<double>& ours, const std::vector<double>& bare) {
+    const double our = percentile(ours, 0.5);
+    const double other = percentile(bare, 0.5);
+    print("start of the program to its " + title + ": ms (median of 7)", our * 1e3);
+    print("  web view alone: ms", other * 1e3);
+    print("  / web view alone", our / other);
 }
 
 } // namespace
 
 void measureStart() {
     for (const std::size_t components : {10U, 1000U}) {
-        std::vector<double> times;
-        Start last;
-        for (int run = 0; run < 5; ++run) {
-            last = start(components);
-            times.push_back(last.seconds);
+        const Packages packages(1, components);
+        Times ours;
+        Times bare;
+        for (int run = 0; run < runs; ++run) {
+            ours.add(QUILLON_PROGRAM, packages.paths());
+            bare.add(QCoreApplication::applicationFilePath(), bareArguments(packages.pages()));
         }
         const std::string name = ", " + std::to_string(components) + " components";
-        print("start of the program to its first page" + name + ": s (median of 5)", percentile(times, 0.5));
-        print("memory of all its processes then" + name + ": MB", last.megabytes);
+        printBeside("painted window" + name, ours.painted, bare.painted);
+        printBeside("page" + name, ours.page, bare.page);
     }
 }
 
