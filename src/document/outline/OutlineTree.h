@@ -41,6 +41,7 @@ public:
 
     void update(const List<Component>& components);
 
+    const List<Component>& components() const { return m_components; }
     const OutlineNode& article() const { return m_article; }
     /// Null where no row shows the component.
     const OutlineNode* find(const Uuid& id) const;

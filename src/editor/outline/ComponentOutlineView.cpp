@@ -87,7 +87,10 @@ ComponentOutlineView::~ComponentOutlineView() = default;
 /// Every container is open again after an edit of the components, also one that the user had closed.
 void ComponentOutlineView::followArticle() {
     const QScopedValueRollback<bool> following(m_isFollowing, true);
-    m_model.setArticle(shownTitle(m_store.article().title), m_store.article().components);
+    const ArticleDocument& article = m_store.article();
+    if (!m_model.setArticle(shownTitle(article.title), article.components)) {
+        return;
+    }
     for (const Uuid& id : std::exchange(m_closed, {})) {
         if (const QModelIndex index = m_model.indexOf(id); index.isValid()) {
             expand(index);
@@ -159,10 +162,10 @@ void ComponentOutlineView::drawRow(QPainter* painter, const QStyleOptionViewItem
 }
 
 void ComponentOutlineView::paintEvent(QPaintEvent* event) {
-    QPainter painter(viewport());
     const ThemeColors& colors = theme().colors();
-    painter.fillRect(viewport()->rect(), colors.sidebar);
+    QPainter(viewport()).fillRect(viewport()->rect(), colors.sidebar);
     QTreeView::paintEvent(event);
+    QPainter painter(viewport());
     if (m_model.rowCount(m_model.articleIndex()) == 0 && isExpanded(m_model.articleIndex())) {
         painter.setFont(theme().font(TextSize::Label));
         painter.setPen(colors.textSecondary);

@@ -29,12 +29,14 @@ OutlineTree::Watcher OutlineModel::watcher() {
     };
 }
 
-void OutlineModel::setArticle(const QString& title, const List<Component>& components) {
+bool OutlineModel::setArticle(const QString& title, const List<Component>& components) {
+    const bool isNew = !(components == m_tree.components());
     m_tree.update(components);
     if (title != m_title) {
         m_title = title;
         Q_EMIT dataChanged(articleIndex(), articleIndex());
     }
+    return isNew;
 }
 
 QModelIndex OutlineModel::indexOf(const OutlineNode& node) const {

@@ -13,8 +13,8 @@ class OutlineModel : public QAbstractItemModel {
 public:
     explicit OutlineModel(QObject* parent);
 
-    /// Follows the article. Rows that stay keep their indexes.
-    void setArticle(const QString& title, const List<Component>& components);
+    /// Follows the article; says whether its components are others. Rows that stay keep their indexes.
+    bool setArticle(const QString& title, const List<Component>& components);
 
     QModelIndex articleIndex() const { return createIndex(0, 0, &m_tree.article()); }
     QModelIndex indexOf(const OutlineNode& node) const;
