@@ -250,6 +250,35 @@ TEST_F(OutlineTest, aRowsMenuFitsItsRole) {
     delete sectionMenu;
 }
 
+TEST_F(OutlineTest, aRowIsPushedAsideToBeDeleted) {
+    const auto swipe = [&](int points, Qt::ScrollPhase phase) {
+        const QPoint place = at(&body, 0.5);
+        QWheelEvent event(place, outline->viewport()->mapToGlobal(place), {points, 0}, {points * 8, 0}, {},
+                          {}, phase, false);
+        QApplication::sendEvent(outline->viewport(), &event);
+    };
+    const auto clickAtEnd = [&] {
+        QTest::mouseClick(outline->viewport(), Qt::LeftButton, {},
+                          {outline->viewport()->width() - 30, at(&body, 0.5).y()});
+    };
+    swipe(-50, Qt::ScrollUpdate);
+    swipe(0, Qt::ScrollEnd);
+    QTest::mouseClick(outline->viewport(), Qt::LeftButton, {}, at(&title, 0.5));
+    EXPECT_EQ(store().selection(), EditorSelection::document()) << "a press elsewhere only closes it";
+    clickAtEnd();
+    EXPECT_TRUE(isSelected(body)) << "closed";
+    swipe(-50, Qt::ScrollUpdate);
+    swipe(0, Qt::ScrollEnd);
+    clickAtEnd();
+    EXPECT_EQ(shape(), "title section >photo >caption quote");
+    store().undo();
+    swipe(-outline->width(), Qt::ScrollUpdate);
+    EXPECT_EQ(shape(), "title body section >photo >caption quote");
+    swipe(0, Qt::ScrollEnd);
+    EXPECT_EQ(shape(), "title section >photo >caption quote") << "a full swipe";
+    EXPECT_EQ(store().undoTitle(), "Undo Delete Body");
+}
+
 TEST_F(OutlineTest, aClickOnTheMarkClosesAndDetailsMakeRowsHigher) {
     const QRect mark = OutlineDelegate::chevronRect(outline->visualRect(row(&section)), 0);
     QTest::mouseClick(outline->viewport(), Qt::LeftButton, {}, mark.center());

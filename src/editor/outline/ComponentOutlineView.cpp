@@ -14,6 +14,9 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QWheelEvent>
+
+#include <cmath>
 
 namespace quillon {
 
@@ -22,6 +25,8 @@ namespace {
 constexpr int emptyTextInset = 12;
 constexpr int dropLine = 2;
 constexpr int dropLineInset = 8;
+constexpr int swipePause = 150;     ///< milliseconds without a move after which a swipe is over
+constexpr double wheelToPoints = 8; ///< eighths of a degree for a point
 
 } // namespace
 
@@ -65,6 +70,9 @@ ComponentOutlineView::ComponentOutlineView(DocumentStore& store, Settings& setti
                                      : EditorSelection::document());
         }
     });
+    m_swipeEnd.setSingleShot(true);
+    m_swipeEnd.setInterval(swipePause);
+    connect(&m_swipeEnd, &QTimer::timeout, this, [this] { endSwipe(false); });
     connect(&settings, &Settings::changed, this, [this] {
         m_state.showsDetails = m_settings.componentOutlineShowsDetails();
         scheduleDelayedItemsLayout();
@@ -246,6 +254,38 @@ void ComponentOutlineView::keyboardSearch(const QString& search) {
     } while (index != first);
 }
 
+/// Sideways the wheel, which two fingers turn, pushes the row below the pointer aside.
+void ComponentOutlineView::wheelEvent(QWheelEvent* event) {
+    const bool isGesture = !event->pixelDelta().isNull();
+    const QPointF moved =
+        isGesture ? QPointF(event->pixelDelta()) : QPointF(event->angleDelta()) / wheelToPoints;
+    if (event->phase() == Qt::ScrollEnd) {
+        m_swipeEnd.stop();
+        endSwipe(true);
+        return;
+    }
+    const Component* component = OutlineModel::component(indexAt(event->position().toPoint()));
+    if (std::abs(moved.x()) <= std::abs(moved.y()) || !component || m_dragging->isActive()) {
+        QTreeView::wheelEvent(event);
+        return;
+    }
+    m_state.swipe.push(component->id, moved.x(), viewport()->width());
+    if (event->phase() == Qt::NoScrollPhase) {
+        m_swipeEnd.start();
+    }
+    viewport()->update();
+    event->accept();
+}
+
+void ComponentOutlineView::endSwipe(bool mayPress) {
+    const std::optional<Uuid> row = m_state.swipe.row();
+    if (m_state.swipe.release(mayPress) == RowSwipe::End::pressed) {
+        m_state.swipe.close();
+        deleteComponent(m_store, *row);
+    }
+    viewport()->update();
+}
+
 bool ComponentOutlineView::isOnChevron(const QModelIndex& index, const QPoint& place) const {
     return OutlineModel::isContainer(index) &&
            OutlineDelegate::chevronRect(visualRect(index), OutlineModel::node(index).depth()).contains(place);
@@ -259,6 +299,18 @@ void ComponentOutlineView::mousePressEvent(QMouseEvent* event) {
         return;
     }
     showFocus(false);
+    if (m_state.swipe.isOpen()) {
+        const Component* component = OutlineModel::component(index);
+        const bool isOnButton = component && m_state.swipe.row() == component->id &&
+                                place.x() >= viewport()->width() - m_state.swipe.offset();
+        const Uuid id = isOnButton ? component->id : Uuid();
+        m_state.swipe.close();
+        viewport()->update();
+        if (isOnButton) {
+            deleteComponent(m_store, id);
+        }
+        return;
+    }
     if (isOnChevron(index, place)) {
         setExpanded(index, !isExpanded(index));
         return;

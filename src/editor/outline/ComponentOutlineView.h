@@ -6,6 +6,7 @@
 #include "editor/outline/OutlineModel.h"
 
 #include <QElapsedTimer>
+#include <QTimer>
 #include <QTreeView>
 
 #include <unordered_set>
@@ -46,6 +47,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void updateGeometries() override;
+    void wheelEvent(QWheelEvent* event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
 private:
@@ -53,6 +55,7 @@ private:
     void followSelection();
     void openAll(const QModelIndex& parent, int first, int last);
     bool drop(const Uuid& id, const ComponentDropIntent& intent);
+    void endSwipe(bool mayPress);
     bool isOnChevron(const QModelIndex& index, const QPoint& place) const;
     bool matches(const QModelIndex& index, const QString& search) const;
     void showFocus(bool shows);
@@ -65,6 +68,7 @@ private:
     std::unordered_set<Uuid> m_closed; ///< containers that the user has closed since the last edit
     bool m_isFollowing = false;        ///< what the view changes now comes from the document
     OutlineDragging* m_dragging;
+    QTimer m_swipeEnd; ///< for devices that do not say when the fingers leave
     QPersistentModelIndex m_pressed;
     QPoint m_pressPlace;
     QString m_searched;

@@ -75,6 +75,23 @@ void drawTexts(QPainter& painter, const QRectF& rect, const QString& name, const
     }
 }
 
+/// What stands behind a row that is pushed aside.
+void drawDelete(QPainter& painter, const QRectF& rect) {
+    const ThemeColors& colors = theme().colors();
+    const QRectF body = rect.adjusted(0, 1, -distance::inside, -1);
+    fillRounded(painter, body, radius::row, colors.danger);
+    painter.save();
+    painter.setClipRect(body);
+    const double symbol = symbolExtent(symbolSize::control);
+    const QRectF content(body.right() - RowSwipe::buttonWidth + distance::beside, body.top(),
+                         RowSwipe::buttonWidth, body.height());
+    drawSymbol(painter, {content.left(), content.top(), symbol, content.height()}, "trash",
+               symbolSize::control, colors.onDanger);
+    drawText(painter, content.adjusted(symbol + distance::inside, 0, 0, 0), QObject::tr("Delete"),
+             TextSize::Label, colors.onDanger);
+    painter.restore();
+}
+
 } // namespace
 
 OutlineDelegate::OutlineDelegate(const State& state, QObject* parent)
@@ -107,6 +124,22 @@ QSize OutlineDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&)
 
 void OutlineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const {
+    const Component* component = OutlineModel::component(index);
+    if (!component || m_state.swipe.row() != component->id) {
+        paintRow(*painter, option, index);
+        return;
+    }
+    const double offset = m_state.swipe.offset();
+    painter->save();
+    painter->setClipRect(option.rect);
+    painter->translate(-offset, 0);
+    paintRow(*painter, option, index);
+    painter->restore();
+    drawDelete(*painter, QRectF(option.rect).adjusted(option.rect.width() - offset, 0, 0, 0));
+}
+
+void OutlineDelegate::paintRow(QPainter& painter, const QStyleOptionViewItem& option,
+                               const QModelIndex& index) const {
     const ThemeColors& colors = theme().colors();
     const OutlineNode& node = OutlineModel::node(index);
     const Component* component = OutlineModel::component(index);
@@ -118,34 +151,34 @@ void OutlineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     const bool isTarget = component ? intent == ComponentDropIntent::appendChild(component->id)
                                     : intent == ComponentDropIntent::appendToRoot();
     if (isTarget) {
-        fillRounded(*painter, body, radius::row, faded(tintOf(component), dropTintOpacity));
+        fillRounded(painter, body, radius::row, faded(tintOf(component), dropTintOpacity));
     } else if (isSelected) {
-        fillRounded(*painter, body, radius::row, colors.selection);
+        fillRounded(painter, body, radius::row, colors.selection);
     } else if ((option.state & QStyle::State_MouseOver) && !m_state.drag.activeDraggedID) {
-        fillRounded(*painter, body, radius::row, colors.hover);
+        fillRounded(painter, body, radius::row, colors.hover);
     }
     if (isSelected && m_state.showsFocus) {
-        drawFocusRing(*painter, body, radius::row);
+        drawFocusRing(painter, body, radius::row);
     }
     if (OutlineModel::isContainer(index)) {
-        drawSymbol(*painter, chevronRect(option.rect, depth),
+        drawSymbol(painter, chevronRect(option.rect, depth),
                    option.state & QStyle::State_Open ? "chevron.down" : "chevron.right", symbolSize::chevron,
                    colors.textSecondary, SymbolWeight::Semibold);
     }
     const double text = row.left() + textStart(depth);
-    paintIcon(*painter, {text - iconToText - iconWidth, row.top(), iconWidth, row.height()}, index,
+    paintIcon(painter, {text - iconToText - iconWidth, row.top(), iconWidth, row.height()}, index,
               isSelected);
     const auto* model = static_cast<const OutlineModel*>(index.model());
     const QString secondary = !component             ? line(model->title().toStdString())
                               : m_state.showsDetails ? line(component->summary())
                                                      : QString();
-    drawTexts(*painter, {text, row.top(), row.right() - distance::beside - text, row.height()},
+    drawTexts(painter, {text, row.top(), row.right() - distance::beside - text, row.height()},
               index.data(Qt::DisplayRole).toString(), secondary);
     if (component && intent && intent->isOf(component->id) && !isTarget) {
         const bool isBefore = intent->kind == ComponentDropIntent::Kind::insertBefore;
-        painter->fillRect(QRectF(text, isBefore ? row.top() : row.bottom() - dropLine,
-                                 row.right() - dropLineEnd - text, dropLine),
-                          tintOf(component));
+        painter.fillRect(QRectF(text, isBefore ? row.top() : row.bottom() - dropLine,
+                                row.right() - dropLineEnd - text, dropLine),
+                         tintOf(component));
     }
 }
 

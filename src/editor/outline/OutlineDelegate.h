@@ -2,6 +2,7 @@
 
 #include "document/outline/ComponentRoleIcon.h"
 #include "document/outline/OutlineDrag.h"
+#include "document/outline/RowSwipe.h"
 
 #include <QStyledItemDelegate>
 #include <QVariantAnimation>
@@ -16,6 +17,7 @@ public:
     /// What all rows look at. It outlives the delegate.
     struct State {
         OutlineDrag drag;
+        RowSwipe swipe;
         bool showsDetails = false;
         bool showsFocus = false;         ///< the selected row has the focus ring
         std::optional<Uuid> activated;   ///< the component whose selection is being shown by an effect
@@ -37,6 +39,7 @@ public:
                const QModelIndex& index) const override;
 
 private:
+    void paintRow(QPainter& painter, const QStyleOptionViewItem& option, const QModelIndex& index) const;
     void paintIcon(QPainter& painter, const QRectF& frame, const QModelIndex& index, bool isSelected) const;
 
     const State& m_state;
