@@ -52,7 +52,8 @@ Drag dragBare(std::size_t components) {
     QWebEngineProfile profile;
     BareWindow bare(profile, packages.pages().first());
     timed([&](const auto& finish) {
-        QObject::connect(&bare.view(), &QWebEngineView::loadFinished, &bare.view(), finish);
+        QObject::connect(&bare.view(), &QWebEngineView::loadFinished, &bare.view(), finish,
+                         Qt::SingleShotConnection);
     });
     wait(rest);
     return drag(bare);
