@@ -87,6 +87,9 @@ ComponentOutlineView::ComponentOutlineView(DocumentStore& store, Settings& setti
     });
     followArticle();
     expand(m_model.articleIndex());
+    // What is selected from the start shows no effect.
+    m_state.isArticleActivated = !store.selection().component;
+    m_state.activated = store.selection().component;
     followSelection();
 }
 
@@ -128,10 +131,33 @@ void ComponentOutlineView::followSelection() {
         return;
     }
     setCurrentIndex(index);
+    const Component* component = OutlineModel::component(index);
     if (isNew) {
         scrollTo(index);
-        m_delegate.play([this, row = QPersistentModelIndex(index)] { update(row); });
+        activate(index);
+    } else if (component && !(component->role == m_state.icon.role)) {
+        m_state.icon.setRole(component->role);
     }
+}
+
+void ComponentOutlineView::activate(const QModelIndex& index) {
+    const Component* component = OutlineModel::component(index);
+    m_state.icon = {.role = component ? component->role : ComponentRole()};
+    m_state.icon.appear();
+    m_state.icon.setSelected(true);
+    const auto play = [this, row = QPersistentModelIndex(index)] {
+        m_delegate.play([this, row] { update(row); });
+    };
+    if (!component || !m_state.icon.drawsOn()) {
+        play();
+        return;
+    }
+    QTimer::singleShot(0, this, [this, play, id = component->id] {
+        if (m_state.activated == id) {
+            m_state.icon.drawOn();
+            play();
+        }
+    });
 }
 
 bool ComponentOutlineView::drop(const Uuid& id, const ComponentDropIntent& intent) {

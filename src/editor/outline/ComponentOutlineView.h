@@ -53,6 +53,8 @@ protected:
 private:
     void followArticle();
     void followSelection();
+    /// Shows that a row has just been selected.
+    void activate(const QModelIndex& index);
     void openAll(const QModelIndex& parent, int first, int last);
     bool drop(const Uuid& id, const ComponentDropIntent& intent);
     void endSwipe(bool mayPress);

@@ -187,17 +187,21 @@ void OutlineDelegate::paintRow(QPainter& painter, const QStyleOptionViewItem& op
 void OutlineDelegate::paintIcon(QPainter& painter, const QRectF& frame, const QModelIndex& index,
                                 bool isSelected) const {
     const Component* component = OutlineModel::component(index);
+    const bool isActivated =
+        isSelected && (component ? m_state.activated == component->id : m_state.isArticleActivated);
     ComponentRoleIcon icon{.role = component ? component->role : ComponentRole(), .isSelected = isSelected};
+    if (isActivated && component) {
+        icon = m_state.icon;
+    }
     const std::string_view symbol = component    ? icon.systemImage()
                                     : isSelected ? std::string_view("newspaper.fill")
                                                  : std::string_view("newspaper");
     const double size = component ? componentSymbol : articleSymbol;
-    const bool isPlaying = isSelected && m_effect.state() == QAbstractAnimation::Running &&
-                           (component ? m_state.activated == component->id : m_state.isArticleActivated);
+    const bool isPlaying = isActivated && m_effect.state() == QAbstractAnimation::Running;
     painter.save();
     if (isPlaying) {
         const double done = m_effect.currentValue().toDouble();
-        if (component && icon.drawsOn()) {
+        if (component && icon.drawOnActive) {
             painter.setClipRect(frame.adjusted(0, 0, -frame.width() * (1 - done), 0));
         } else {
             const double scale = 1 + bounce * std::sin(std::numbers::pi * done);

@@ -22,6 +22,7 @@ public:
         bool showsFocus = false;         ///< the selected row has the focus ring
         std::optional<Uuid> activated;   ///< the component whose selection is being shown by an effect
         bool isArticleActivated = false; ///< the same for the article's row
+        ComponentRoleIcon icon;          ///< of the component that is activated
     };
 
     OutlineDelegate(const State& state, QObject* parent);
