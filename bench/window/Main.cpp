@@ -55,10 +55,10 @@ int main(int argc, char** argv) {
         const char* name;
         void (*measure)();
     };
-    constexpr Subject subjects[] = {{"start", measureStart},       {"memory", measureMemory},
-                                    {"switch", measureSwitch},     {"drag", measureDrags},
-                                    {"pages", measurePages},       {"gaps", measureGaps},
-                                    {"recovery", measureRecovery}, {"json", measureJson}};
+    constexpr Subject subjects[] = {
+        {"start", measureStart},       {"memory", measureMemory}, {"switch", measureSwitch},
+        {"drag", measureDrags},        {"pages", measurePages},   {"gaps", measureGaps},
+        {"recovery", measureRecovery}, {"json", measureJson},     {"outline", measureOutline}};
     quillon::prepareWebEngine();
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);

@@ -42,6 +42,7 @@ void measureGaps();
 void measureRecovery();
 void measureStart();
 void measureJson();
+void measureOutline();
 void measureMemory();
 void measureSwitch();
 void measureDrags();
