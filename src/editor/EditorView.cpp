@@ -2,6 +2,7 @@
 
 #include "desktop/ImageDecoding.h"
 #include "desktop/PreviewWebWidget.h"
+#include "desktop/theme/Theme.h"
 #include "document/EditorOperations.h"
 #include "editor/EditorColumns.h"
 #include "editor/EditorToolbar.h"
@@ -14,10 +15,30 @@
 #include "model/ComponentTree.h"
 #include "preview/ArticleDerivedContentCache.h"
 
+#include <QPainter>
 #include <QVBoxLayout>
 #include <QWebEngineView>
 
 namespace quillon {
+
+namespace {
+
+/// The outline with a little room above its first row.
+class OutlineColumn : public QWidget {
+public:
+    OutlineColumn(QWidget& outline, QWidget* parent) : QWidget(parent) {
+        auto* column = new QVBoxLayout(this);
+        column->setContentsMargins(0, distance::inside, 0, 0);
+        column->addWidget(&outline);
+        setFocusProxy(&outline);
+        connect(&theme(), &Theme::changed, this, [this] { update(); });
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override { QPainter(this).fillRect(rect(), theme().colors().sidebar); }
+};
+
+} // namespace
 
 struct EditorView::Parts {
     Parts(DocumentStore& theStore, Settings& theSettings, Scheduler& theScheduler)
@@ -54,7 +75,7 @@ EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& sche
     auto* toolbar = new EditorToolbar(
         parts.state, [&store](const ComponentRole& role) { addComponent(store, role); }, this);
     auto* outline = new ComponentOutlineView(store, settings, this);
-    parts.outline = outline;
+    parts.outline = new OutlineColumn(*outline, this);
     parts.inspector = new InspectorColumn(store, this);
     parts.columns = new EditorColumns(parts.outline, parts.middle, parts.inspector, this);
     auto* column = new QVBoxLayout(this);

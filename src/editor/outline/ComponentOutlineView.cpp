@@ -49,7 +49,6 @@ ComponentOutlineView::ComponentOutlineView(DocumentStore& store, Settings& setti
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAcceptDrops(true);
-    setViewportMargins(0, distance::inside, 0, 0);
     m_state.showsDetails = settings.componentOutlineShowsDetails();
     m_state.drag.canDrop = [this](const Uuid& id, const ComponentDropIntent& intent) {
         return canDrop(id, intent, m_store.article().components);
