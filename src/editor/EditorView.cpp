@@ -19,6 +19,10 @@
 #include <QVBoxLayout>
 #include <QWebEngineView>
 
+#include <functional>
+#include <utility>
+#include <vector>
+
 namespace quillon {
 
 namespace {
@@ -149,11 +153,37 @@ void EditorView::refresh() {
     } else {
         showPreview();
     }
-    if (isFocusLost && isJSON) {
-        parts.json->setFocus();
-    } else if (isFocusLost) {
-        parts.preview->webWidget().view()->setFocus();
+    if (isFocusLost) {
+        focusMiddle();
     }
+}
+
+void EditorView::focusMiddle() {
+    if (m_parts->json) {
+        m_parts->json->setFocus(Qt::ShortcutFocusReason);
+    } else {
+        m_parts->preview->webWidget().view()->setFocus(Qt::ShortcutFocusReason);
+    }
+}
+
+void EditorView::focusNextColumn() {
+    Parts& parts = *m_parts;
+    const auto canHaveFocus = [](QWidget* column) {
+        return column->isVisible() && (column->focusProxy() || column->focusPolicy() != Qt::NoFocus);
+    };
+    std::vector<std::pair<QWidget*, std::function<void()>>> columns;
+    if (canHaveFocus(parts.outline)) {
+        columns.emplace_back(parts.outline, [&parts] { parts.outline->setFocus(Qt::TabFocusReason); });
+    }
+    columns.emplace_back(parts.middle, [this] { focusMiddle(); });
+    if (canHaveFocus(parts.inspector)) {
+        columns.emplace_back(parts.inspector, [&parts] { parts.inspector->setFocus(Qt::TabFocusReason); });
+    }
+    std::size_t current = columns.size() - 1;
+    for (std::size_t column = 0; column < columns.size(); ++column) {
+        current = parts.hasFocus(columns[column].first) ? column : current;
+    }
+    columns[(current + 1) % columns.size()].second();
 }
 
 void EditorView::showJSON() {

@@ -33,6 +33,9 @@ public:
     JSONSourceView* json() const;
     FindBar* find() const;
 
+    /// Gives the keyboard to the next of the columns that stand and can have it.
+    void focusNextColumn();
+
 Q_SIGNALS:
     /// The article's page is complete.
     void pageShown();
@@ -42,6 +45,7 @@ protected:
 
 private:
     void refresh();
+    void focusMiddle();
     void showPreview();
     void showJSON();
 

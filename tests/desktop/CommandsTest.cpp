@@ -53,6 +53,10 @@ protected:
         store().select(EditorSelection::ofComponent(store().article().components[index].id));
     }
 
+    bool hasFocus(const char* name) const {
+        return window->focusWidget()->objectName() == QLatin1String(name);
+    }
+
     DocumentSession* session = nullptr;
     DocumentWindow* window = nullptr;
     EditorView* editor = nullptr;
@@ -105,6 +109,18 @@ TEST_F(CommandsTest, everyKeyOfTheViewDoesItsCommand) {
         {"Ctrl+-",
          [&] {
              return zoom() < 1;
+         }},
+        {"F6",
+         [&] {
+             return hasFocus("outline");
+         }},
+        {"F6",
+         [&] {
+             return editor->preview()->isAncestorOf(window->focusWidget());
+         }},
+        {"F6",
+         [&] {
+             return hasFocus("outline");
          }},
         {"F11",
          [&] {

@@ -49,7 +49,7 @@ EditorCommands::EditorCommands(DocumentWindow& window, EditorView& editor, Setti
                                           .menu = window.menu(WindowMenu::View)}) {
     addModes();
     addChoices();
-    addColumns();
+    addColumns(editor);
     connect(&m_parts->state, &EditorWindowState::changed, this, [this] { refresh(); });
     connect(&settings, &Settings::changed, this, [this] { refresh(); });
     connect(&m_parts->menu, &QMenu::aboutToShow, this, [this] { refresh(); });
@@ -139,7 +139,7 @@ void EditorCommands::addChoices() {
     parts.menu.addSeparator();
 }
 
-void EditorCommands::addColumns() {
+void EditorCommands::addColumns(EditorView& editor) {
     Parts& parts = *m_parts;
     parts.addMarked(parts.menu,
                     {"showOutline",
@@ -161,6 +161,9 @@ void EditorCommands::addColumns() {
                 {"toggleSidebars", tr("&Toggle Sidebars"), {QKeySequence(keys::toggleSidebars)}, [&parts] {
                      parts.state.toggleSidebars();
                  }});
+    addMenuItem(parts.menu, {"nextColumn", tr("Go to &Next Column"), {QKeySequence("F6")}, [&editor] {
+                                 editor.focusNextColumn();
+                             }});
     parts.menu.addSeparator();
     parts.addMarked(parts.menu,
                     {"showComponentDetails",

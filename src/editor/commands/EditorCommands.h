@@ -22,7 +22,7 @@ public:
 private:
     void addModes();
     void addChoices();
-    void addColumns();
+    void addColumns(EditorView& editor);
     void refresh();
 
     struct Parts;
