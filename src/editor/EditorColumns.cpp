@@ -62,15 +62,14 @@ struct EditorColumns::Parts {
 };
 
 EditorColumns::EditorColumns(QWidget* outline, QWidget* middle, QWidget* inspector, QWidget* parent)
-    : QWidget(parent) {
+    : QWidget(parent), m_parts(new Parts{.outline = outline,
+                                         .middle = middle,
+                                         .inspector = inspector,
+                                         .outlineLine = ColumnLine("outlineLine", this),
+                                         .inspectorLine = ColumnLine("inspectorLine", this)}) {
     for (QWidget* column : {outline, middle, inspector}) {
         column->setParent(this);
     }
-    m_parts.reset(new Parts{.outline = outline,
-                            .middle = middle,
-                            .inspector = inspector,
-                            .outlineLine = ColumnLine("outlineLine", this),
-                            .inspectorLine = ColumnLine("inspectorLine", this)});
     Parts& parts = *m_parts;
     // A width wanted beyond what fits would make the line stick on its way back.
     parts.outlineLine.onMove = [this, &parts](int x) {

@@ -53,7 +53,8 @@ bool goesUpOrDown(CaretMotion motion) {
 
 /// What a scroll bar can count: some fifty million lines, and columns of one.
 int bounded(double points) {
-    return static_cast<int>(std::min<double>(points, std::numeric_limits<int>::max() / 2));
+    constexpr int most = std::numeric_limits<int>::max() / 2;
+    return static_cast<int>(std::min<double>(points, most));
 }
 
 } // namespace

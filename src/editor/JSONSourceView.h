@@ -55,12 +55,10 @@ public:
     /// Scrolls where not both ends are in sight; the second end comes to the middle.
     void reveal(TextRange range);
 
-public Q_SLOTS:
-    void selectAll();
+    Q_INVOKABLE void selectAll();
     /// Puts the selected text on the clipboard, if there is any. The window's commands call it by its name.
-    void copy() const;
+    Q_INVOKABLE void copy() const;
 
-public:
     /// Shows what a search has found in this view's text.
     void setMatches(TextMatches matches);
     const TextMatches& matches() const { return m_matches; }
