@@ -135,7 +135,11 @@ void pasteComponents(DocumentStore& store, std::vector<Component> components) {
         components.size() == 1 ? kindOf("Paste", &components.front()) : EditKind{"Paste Components", {}};
     const EditorSelection selection = EditorSelection::ofComponent(components.back().id);
     for (Component& each : components) {
+        const Uuid id = each.id;
         list = insertComponent(std::move(each), parent, index++, list);
+        if (!isReadable(list, id)) {
+            return;
+        }
     }
     setComponents(store, kind, std::move(list), selection);
 }

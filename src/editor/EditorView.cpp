@@ -12,6 +12,7 @@
 #include "editor/PreviewPane.h"
 #include "editor/inspectors/InspectorColumn.h"
 #include "editor/outline/ComponentOutlineView.h"
+#include "editor/outline/OutlineDragging.h"
 #include "model/ComponentTree.h"
 #include "preview/ArticleDerivedContentCache.h"
 
@@ -27,12 +28,13 @@ namespace quillon {
 
 namespace {
 
-/// The outline with a little room above its first row.
+/// The outline with a little room above its first row, and below the last one the strip where drops go to the
+/// end of the article.
 class OutlineColumn : public QWidget {
 public:
     OutlineColumn(QWidget& outline, QWidget* parent) : QWidget(parent) {
         auto* column = new QVBoxLayout(this);
-        column->setContentsMargins(0, distance::inside, 0, 0);
+        column->setContentsMargins(0, distance::inside, 0, OutlineDragging::rootDropZoneHeight);
         column->addWidget(&outline);
         setFocusProxy(&outline);
         connect(&theme(), &Theme::changed, this, [this] { update(); });

@@ -124,6 +124,8 @@ void JSONSourceView::reveal(TextRange range) {
     const QRect seen = viewport()->rect();
     const QRect wanted = rectOf(range.end);
     if (!seen.contains(wanted) || !seen.contains(rectOf(range.begin))) {
+        // From the lines' beginning, where the match can be seen from there.
+        horizontalScrollBar()->setValue(0);
         verticalScrollBar()->setValue(verticalScrollBar()->value() + wanted.center().y() - seen.center().y());
         scrollTo(range.begin);
         scrollTo(range.end);

@@ -112,6 +112,11 @@ TEST_F(OutlineTest, rowsAreDraggedToWhereTheLineIsShown) {
     EXPECT_EQ(shape(), "title caption section >quote body photo");
 
     const std::string before = shape();
+    for (const QPoint& outside : {QPoint(100, -40), QPoint(100, outline->height() + 60), QPoint(-20, 40)}) {
+        begin(title);
+        drop(outside);
+        EXPECT_EQ(shape(), before) << outside.y();
+    }
     begin(section);
     drop(at(&section, 0.5));
     EXPECT_EQ(shape(), before) << "onto itself";
@@ -151,8 +156,39 @@ TEST_F(OutlineTest, aDragOpensWhatItWaitsOverAndScrollsAtTheEdges) {
     EXPECT_TRUE(wait([&] { return bar.value() == bar.maximum(); }));
     drop(QPoint(100, outline->viewport()->height() - 4));
     EXPECT_EQ(store().article().components.back().id, first.id);
-    EXPECT_TRUE(outline->viewport()->rect().contains(outline->visualRect(row(&first)).center()))
-        << "stays in view";
+    const auto isInView = [&](const Component& component) {
+        return outline->viewport()->rect().contains(outline->visualRect(row(&component)).center());
+    };
+    EXPECT_TRUE(isInView(first));
+    const Component& other = *many[10];
+    store().select(EditorSelection::ofComponent(other.id));
+    for (int step = 0; step < 40; ++step) {
+        key(Qt::Key_Down, Qt::AltModifier);
+        ASSERT_TRUE(isInView(other)) << step;
+    }
+    begin(other);
+    drop(QPoint(100, outline->viewport()->height() + 5));
+    EXPECT_EQ(store().article().components.back().id, other.id)
+        << "on the strip below a list that fills the view";
+    const int place = bar.value();
+    deleteComponent(store(), other.id);
+    EXPECT_EQ(store().selection(), EditorSelection::document());
+    EXPECT_NEAR(bar.value(), place, 40) << "who deletes stays where he is";
+}
+
+TEST_F(OutlineTest, aPressThatIsTakenAwayMovesNothing) {
+    QTest::mousePress(outline->viewport(), Qt::LeftButton, {}, at(&title, 0.5));
+    outline->clearFocus();
+    QMouseEvent move(QEvent::MouseMove, at(&quote, 0.9), outline->viewport()->mapToGlobal(at(&quote, 0.9)),
+                     Qt::NoButton, Qt::NoButton, {});
+    QApplication::sendEvent(outline->viewport(), &move);
+    QTest::mouseRelease(outline->viewport(), Qt::LeftButton, {}, at(&quote, 0.9));
+    EXPECT_EQ(shape(), "title body section >photo >caption quote");
+    outline->setFocus();
+    QTest::mouseDClick(outline->viewport(), Qt::LeftButton, {}, at(&title, 0.5));
+    begin(title);
+    drop(at(&quote, 0.9));
+    EXPECT_EQ(shape(), "body section >photo >caption quote title") << "a drag right after a click";
 }
 
 TEST_F(OutlineTest, whatComesFromElsewhereIsRefused) {
@@ -171,6 +207,14 @@ TEST_F(OutlineTest, everyContainerIsOpenAgainAfterAnEdit) {
     EXPECT_TRUE(outline->isExpanded(row(&section)));
     addComponent(store(), ComponentRole::container, section.id);
     EXPECT_TRUE(outline->isExpanded(outline->currentIndex()));
+    // What a file hides in a text shows once the text becomes a container.
+    Component hiding = body;
+    hiding.components = List<Component>{quote};
+    setComponents({hiding});
+    EXPECT_EQ(shape(), "body");
+    hiding.role = ComponentRole::aside;
+    setComponents({hiding});
+    EXPECT_EQ(shape(), "aside >quote");
     setComponents({});
     EXPECT_EQ(shape(), "");
     outline->repaint();
@@ -197,6 +241,19 @@ TEST_F(OutlineTest, isWalkedByTheKeyboard) {
     QTest::qSleep(QApplication::keyboardInputInterval() + 10);
     QTest::keyClicks(outline, "zeb");
     EXPECT_TRUE(isSelected(quote)) << "by what it says";
+    store().select(EditorSelection::ofComponent(caption.id));
+    outline->collapse(row(&section));
+    EXPECT_TRUE(isSelected(section)) << "what is hidden is not selected";
+    QTest::qSleep(QApplication::keyboardInputInterval() + 10);
+    QTest::keyClicks(outline, "xx");
+    EXPECT_TRUE(isSelected(section)) << "nothing matches";
+    store().select(EditorSelection::ofComponent(caption.id));
+    QTest::keyClicks(outline, "xyz");
+    outline->expand(row(&section));
+    store().select(EditorSelection::ofComponent(title.id));
+    key(Qt::Key_Space, Qt::ControlModifier);
+    EXPECT_TRUE(isSelected(title));
+    EXPECT_TRUE(outline->selectionModel()->isSelected(row(&title)));
     key(Qt::Key_Left);
     EXPECT_EQ(store().selection(), EditorSelection::document());
     const QSignalSpy wanted(outline, &ComponentOutlineView::editRequested);

@@ -46,6 +46,7 @@ ComponentOutlineView::ComponentOutlineView(DocumentStore& store, Settings& setti
     setMouseTracking(true);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
+    setAutoScroll(false);
     setVerticalScrollMode(ScrollPerPixel);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setAcceptDrops(true);
@@ -61,9 +62,20 @@ ComponentOutlineView::ComponentOutlineView(DocumentStore& store, Settings& setti
         if (const Component* component = OutlineModel::component(index)) {
             m_closed.insert(component->id);
         }
+        // What nobody sees any more should not be what the next key deletes.
+        if (visibleAncestor(currentIndex()) != currentIndex()) {
+            setCurrentIndex(index);
+        }
+    });
+    connect(&m_model, &QAbstractItemModel::dataChanged, this, [this](const QModelIndex& index) {
+        // It may have become a container.
+        if (OutlineModel::component(index) && OutlineModel::isContainer(index)) {
+            expand(index);
+        }
     });
     connect(selectionModel(), &QItemSelectionModel::currentChanged, this, [this](const QModelIndex& index) {
         if (!m_isFollowing && index.isValid()) {
+            scrollTo(index);
             const Component* component = OutlineModel::component(index);
             m_store.select(component ? EditorSelection::ofComponent(component->id)
                                      : EditorSelection::document());
@@ -131,8 +143,15 @@ void ComponentOutlineView::followSelection() {
     }
     setCurrentIndex(index);
     const Component* component = OutlineModel::component(index);
-    if (isNew) {
+    const OutlineNode& node = OutlineModel::node(index);
+    // To the article's row the selection falls back when its component goes, which moves nobody there.
+    const bool isElsewhere =
+        m_selectedPlace != std::pair(static_cast<const OutlineNode*>(node.parent), node.row);
+    m_selectedPlace = {node.parent, node.row};
+    if (component && (isNew || isElsewhere)) {
         scrollTo(index);
+    }
+    if (isNew) {
         activate(index);
     } else if (component && !(component->role == m_state.icon.role)) {
         m_state.icon.setRole(component->role);
@@ -208,18 +227,17 @@ void ComponentOutlineView::paintEvent(QPaintEvent* event) {
     }
     if (m_state.drag.activeDropIntent == ComponentDropIntent::appendToRoot()) {
         const QRect zone = m_dragging->rootDropZone();
+        const int top = std::min(zone.top(), viewport()->height() - dropLine);
+        const QRect line(dropLineInset, top, zone.width() - 2 * dropLineInset, dropLine);
         painter.fillRect(
-            QRect(dropLineInset, zone.top(), zone.width() - 2 * dropLineInset, dropLine),
-            QColor(QLatin1String(articleTint.data(), static_cast<qsizetype>(articleTint.size()))));
+            line, QColor(QLatin1String(articleTint.data(), static_cast<qsizetype>(articleTint.size()))));
     }
 }
 
-/// The strip below the last row can be scrolled to as well.
-void ComponentOutlineView::updateGeometries() {
-    QTreeView::updateGeometries();
-    QScrollBar& bar = *verticalScrollBar();
-    const int content = m_dragging->rootDropZone().bottom() + 1 + verticalOffset();
-    bar.setRange(0, std::max(0, content - viewport()->height()));
+/// There is one selected row, whatever is held with the click or key.
+QItemSelectionModel::SelectionFlags ComponentOutlineView::selectionCommand(const QModelIndex&,
+                                                                           const QEvent*) const {
+    return QItemSelectionModel::ClearAndSelect;
 }
 
 QModelIndex ComponentOutlineView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
@@ -257,26 +275,40 @@ bool ComponentOutlineView::matches(const QModelIndex& index, const QString& sear
             QString::fromStdString(component->summary()).startsWith(search, Qt::CaseInsensitive));
 }
 
-/// From the current row on, which one goes on matching as one types on, and round to the rows above.
+QModelIndex ComponentOutlineView::visibleAncestor(QModelIndex index) const {
+    QModelIndex visible = index;
+    for (QModelIndex above = index.parent(); above.isValid(); above = above.parent()) {
+        visible = isExpanded(above) ? visible : above;
+    }
+    return visible;
+}
+
+/// From the current row on, which goes on matching as one types on, and round to the rows above. One letter
+/// again and again goes from match to match.
 void ComponentOutlineView::keyboardSearch(const QString& search) {
     const bool isNew =
         !m_lastSearch.isValid() || m_lastSearch.elapsed() > QApplication::keyboardInputInterval();
     m_lastSearch.restart();
     m_searched = isNew ? search : m_searched + search;
-    const QModelIndex start = currentIndex().isValid() ? currentIndex() : m_model.articleIndex();
+    const bool isOneLetter = m_searched.count(m_searched.front()) == m_searched.size();
+    const QString wanted = isOneLetter ? m_searched.left(1) : m_searched;
+    const QModelIndex current = visibleAncestor(currentIndex());
+    const QModelIndex start = current.isValid() ? current : m_model.articleIndex();
     const auto next = [this](const QModelIndex& index) {
         const QModelIndex below = indexBelow(index);
         return below.isValid() ? below : m_model.articleIndex();
     };
-    QModelIndex index = isNew ? next(start) : start;
-    const QModelIndex first = index;
-    do {
-        if (matches(index, m_searched)) {
-            setCurrentIndex(index);
+    QModelIndex index = isNew || isOneLetter ? next(start) : start;
+    while (!matches(index, wanted)) {
+        if (index == start) {
             return;
         }
         index = next(index);
-    } while (index != first);
+        if (index == start && !matches(index, wanted)) {
+            return;
+        }
+    }
+    setCurrentIndex(index);
 }
 
 /// Sideways the wheel, which two fingers turn, pushes the row below the pointer aside.
@@ -292,6 +324,7 @@ void ComponentOutlineView::wheelEvent(QWheelEvent* event) {
     const Component* component = OutlineModel::component(indexAt(event->position().toPoint()));
     if (std::abs(moved.x()) <= std::abs(moved.y()) || !component || m_dragging->isActive()) {
         QTreeView::wheelEvent(event);
+        m_dragging->follow();
         return;
     }
     m_state.swipe.push(component->id, moved.x(), viewport()->width());
@@ -347,6 +380,11 @@ void ComponentOutlineView::mousePressEvent(QMouseEvent* event) {
 
 void ComponentOutlineView::mouseMoveEvent(QMouseEvent* event) {
     const QPoint place = event->position().toPoint();
+    if (!(event->buttons() & Qt::LeftButton)) {
+        // The release went elsewhere, to a menu for instance.
+        m_pressed = QModelIndex();
+        m_dragging->cancel();
+    }
     if (m_dragging->isActive()) {
         m_dragging->moveTo(place);
     } else if (m_pressed.isValid() && OutlineModel::component(m_pressed) &&
@@ -370,6 +408,8 @@ void ComponentOutlineView::mouseDoubleClickEvent(QMouseEvent* event) {
     if (isOnChevron(index, event->position().toPoint())) {
         setExpanded(index, !isExpanded(index));
     } else if (index.isValid() && event->button() == Qt::LeftButton) {
+        m_pressed = index;
+        m_pressPlace = event->position().toPoint();
         Q_EMIT editRequested();
     }
 }
@@ -381,8 +421,12 @@ void ComponentOutlineView::contextMenuEvent(QContextMenuEvent* event) {
     if (!component) {
         return;
     }
+    if (isByKey) {
+        scrollTo(index);
+    }
     const Uuid id = component->id;
     auto* menu = new QMenu(this);
+    menu->setToolTipsVisible(true);
     menu->setObjectName(QStringLiteral("rowMenu"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
     if (component->role.isContainer()) {
@@ -409,6 +453,7 @@ void ComponentOutlineView::focusInEvent(QFocusEvent* event) {
 void ComponentOutlineView::focusOutEvent(QFocusEvent* event) {
     QTreeView::focusOutEvent(event);
     showFocus(false);
+    m_pressed = QModelIndex();
     m_dragging->cancel();
 }
 

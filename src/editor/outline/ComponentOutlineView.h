@@ -46,7 +46,8 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void updateGeometries() override;
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex& index,
+                                                         const QEvent* event) const override;
     void wheelEvent(QWheelEvent* event) override;
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
 
@@ -60,6 +61,7 @@ private:
     void endSwipe(bool mayPress);
     bool isOnChevron(const QModelIndex& index, const QPoint& place) const;
     bool matches(const QModelIndex& index, const QString& search) const;
+    QModelIndex visibleAncestor(QModelIndex index) const;
     void showFocus(bool shows);
 
     DocumentStore& m_store;
@@ -68,7 +70,8 @@ private:
     OutlineDelegate::State m_state;
     OutlineDelegate m_delegate;
     std::unordered_set<Uuid> m_closed; ///< containers that the user has closed since the last edit
-    bool m_isFollowing = false;        ///< what the view changes now comes from the document
+    std::pair<const OutlineNode*, std::size_t> m_selectedPlace; ///< parent and row of what is selected
+    bool m_isFollowing = false; ///< what the view changes now comes from the document
     OutlineDragging* m_dragging;
     QTimer m_swipeEnd; ///< for devices that do not say when the fingers leave
     QPersistentModelIndex m_pressed;

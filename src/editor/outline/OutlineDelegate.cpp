@@ -17,8 +17,8 @@ namespace quillon {
 
 namespace {
 
-constexpr int rowHeight = 30;
-constexpr int rowHeightWithDetails = 38;
+constexpr int rowHeight = 32;
+constexpr int rowHeightWithDetails = 40;
 constexpr int chevronSide = 16;
 constexpr int levelIndent = 6; ///< of the marks; what stands behind them goes in by `depthIndent` more
 constexpr int depthIndent = 8;
@@ -93,6 +93,10 @@ void drawDelete(QPainter& painter, const QRectF& rect) {
 }
 
 } // namespace
+
+QColor roleColor(const ComponentRole& role) {
+    return tint(roleTint(role));
+}
 
 OutlineDelegate::OutlineDelegate(const State& state, QObject* parent)
     : QStyledItemDelegate(parent), m_state(state) {

@@ -9,6 +9,9 @@
 
 namespace quillon {
 
+/// The colour of a role's symbol.
+QColor roleColor(const ComponentRole& role);
+
 /// Paints the rows of an outline.
 class OutlineDelegate : public QStyledItemDelegate {
     Q_OBJECT

@@ -1,8 +1,12 @@
 #include "editor/outline/OutlineDragging.h"
 
+#include "desktop/theme/Painting.h"
+#include "desktop/theme/Symbols.h"
 #include "desktop/theme/Theme.h"
+#include "editor/outline/OutlineDelegate.h"
 #include "editor/outline/OutlineModel.h"
 
+#include <QFontMetricsF>
 #include <QLabel>
 #include <QPainter>
 #include <QScrollBar>
@@ -19,8 +23,32 @@ constexpr int tick = 16;         ///< milliseconds
 constexpr int openingTime = 600; ///< milliseconds of waiting that open a container
 constexpr int edgeHeight = 28;   ///< of the strips in which the view scrolls, in points
 constexpr int fastest = 16;      ///< points a tick
-constexpr int zoneHeight = 14;
-constexpr double ghostOpacity = 0.75;
+constexpr double ghostOpacity = 0.9;
+constexpr QPoint ghostPlace(14, 10); ///< from the pointer, so that it hides neither line nor tint
+
+/// The symbol and the name of a component on a card.
+QPixmap ghostPicture(const Component& component, double scale) {
+    const QFont font = theme().font(TextSize::Body);
+    const QString name = QString::fromStdString(component.role.displayName());
+    const double symbol = symbolExtent(symbolSize::pill);
+    const QSizeF size(3 * distance::beside + symbol + QFontMetricsF(font).horizontalAdvance(name),
+                      extent::control);
+    QPixmap picture((size * scale).toSize());
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    const ThemeColors& colors = theme().colors();
+    const QRectF card({0, 0}, size);
+    fillRounded(painter, card, radius::row, faded(colors.surface, ghostOpacity));
+    strokeRounded(painter, card, radius::row, colors.separator, extent::line);
+    drawSymbol(painter, {distance::beside, 0, symbol, size.height()}, component.role.symbolName(),
+               symbolSize::pill, roleColor(component.role), SymbolWeight::Medium);
+    painter.setFont(font);
+    painter.setPen(colors.text);
+    painter.drawText(card.adjusted(2 * distance::beside + symbol, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                     name);
+    return picture;
+}
 
 } // namespace
 
@@ -30,20 +58,11 @@ OutlineDragging::OutlineDragging(QTreeView& view, OutlineDrag& drag)
 OutlineDragging::~OutlineDragging() = default;
 
 void OutlineDragging::begin(const QModelIndex& row, const QPoint& place) {
-    const QRect rect = m_view.visualRect(row);
-    QPixmap picture(rect.size() * m_view.devicePixelRatioF());
-    picture.setDevicePixelRatio(m_view.devicePixelRatioF());
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setOpacity(ghostOpacity);
-    painter.drawPixmap(QPoint(), m_view.viewport()->grab(rect));
-    painter.end();
-    m_ghost = std::make_unique<QLabel>(m_view.viewport());
+    m_ghost = new QLabel(m_view.viewport());
     m_ghost->setAttribute(Qt::WA_TransparentForMouseEvents);
-    m_ghost->setPixmap(picture);
-    m_ghost->resize(rect.size());
+    m_ghost->setPixmap(ghostPicture(*OutlineModel::component(row), m_view.devicePixelRatioF()));
+    m_ghost->adjustSize();
     m_ghost->show();
-    m_grip = place - rect.topLeft();
     m_drag.begin(OutlineModel::component(row)->id);
     m_ticks.start(tick, this);
     moveTo(place);
@@ -55,19 +74,25 @@ QRect OutlineDragging::rootDropZone() const {
     while (m_view.isExpanded(last) && model.rowCount(last) > 0) {
         last = model.index(model.rowCount(last) - 1, 0, last);
     }
-    return {0, m_view.visualRect(last).bottom() + 1, m_view.viewport()->width(), zoneHeight};
+    // Where the rows fill the view the strip lies below it.
+    const QRect& viewport = m_view.viewport()->rect();
+    const int top = std::min(m_view.visualRect(last).bottom() + 1, viewport.bottom() + 1);
+    return {0, top, viewport.width(), rootDropZoneHeight};
 }
 
 OutlineDragging::Target OutlineDragging::targetAt(const QPoint& place) const {
-    const QRect& viewport = m_view.viewport()->rect();
-    if (place.x() < viewport.left() || place.x() > viewport.right()) {
+    const QRect zone = rootDropZone();
+    if (zone.contains(place)) {
+        return Target::root;
+    }
+    if (!m_view.viewport()->rect().contains(place)) {
         return Target::none;
     }
     const QModelIndex index = m_view.indexAt(place);
     if (index.isValid()) {
         return OutlineModel::component(index) ? Target::row : Target::root;
     }
-    return place.y() >= rootDropZone().top() ? Target::root : Target::none;
+    return Target::root;
 }
 
 void OutlineDragging::leave() {
@@ -85,15 +110,18 @@ void OutlineDragging::moveTo(const QPoint& place) {
         return;
     }
     m_place = place;
-    m_ghost->move(place - m_grip);
+    m_ghost->move(place + ghostPlace);
     m_ghost->raise();
     follow();
 }
 
 /// Tells the row below the pointer of it, which may have come there by scrolling.
 void OutlineDragging::follow() {
+    if (!isActive()) {
+        return;
+    }
     const Target target = targetAt(m_place);
-    const QModelIndex over = m_view.indexAt(m_place);
+    const QModelIndex over = target == Target::none ? QModelIndex() : m_view.indexAt(m_place);
     if (over != m_over) {
         leave();
         m_over = over;
@@ -135,9 +163,12 @@ void OutlineDragging::cancel() {
 }
 
 void OutlineDragging::end() {
+    if (!isActive()) {
+        return;
+    }
     m_drag.end();
     m_ticks.stop();
-    m_ghost.reset();
+    delete m_ghost.data();
     m_over = QModelIndex();
     m_isOverRoot = false;
     m_view.viewport()->unsetCursor();
@@ -164,7 +195,7 @@ void OutlineDragging::scrollAtEdge() {
     const int before = bar.value();
     bar.setValue(before + (above > below ? -step : step));
     if (bar.value() != before) {
-        m_ghost->move(m_place - m_grip);
+        m_ghost->move(m_place + ghostPlace);
         follow();
     }
 }

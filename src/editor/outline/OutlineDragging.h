@@ -4,13 +4,12 @@
 
 #include <QBasicTimer>
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QObject>
 #include <QPersistentModelIndex>
 #include <QPoint>
+#include <QPointer>
 
-#include <memory>
-
-class QLabel;
 class QTreeView;
 
 namespace quillon {
@@ -31,7 +30,11 @@ public:
     void moveTo(const QPoint& place);
     void dropAt(const QPoint& place);
     void cancel();
+    /// The rows below the pointer are others now.
+    void follow();
 
+    /// The height of the strip below the rows.
+    static constexpr int rootDropZoneHeight = 14;
     /// The strip below the last row where a drop goes to the end of the article.
     QRect rootDropZone() const;
 
@@ -43,15 +46,13 @@ private:
 
     Target targetAt(const QPoint& place) const;
     void leave();
-    void follow();
     void scrollAtEdge();
     void openWhatWaits();
     void end();
 
     QTreeView& m_view;
     OutlineDrag& m_drag;
-    std::unique_ptr<QLabel> m_ghost; ///< while a row is dragged
-    QPoint m_grip;                   ///< of the pointer in the ghost
+    QPointer<QLabel> m_ghost; ///< while a row is dragged
     QPoint m_place;
     QPersistentModelIndex m_over; ///< the row that the last event was for
     bool m_isOverRoot = false;
