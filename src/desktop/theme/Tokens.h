@@ -12,7 +12,6 @@ enum class Appearance { Light, Dark };
 struct ThemeColors {
     QColor window;
     QColor sidebar;
-    QColor canvas;
     QColor surface;
     QColor separator; ///< see-through
     QColor text;
@@ -37,6 +36,9 @@ struct ThemeColors {
     QColor matchCurrent; ///< see-through: behind the one it is at
     QColor columnLine;   ///< see-through: between the columns of a window
     QColor shadow;       ///< see-through
+    QColor frameShadow;  ///< see-through: of a page in a device's frame, before it is blurred; in both appearances
+    QColor frameOutline; ///< see-through: of that page
+    QColor overPage;     ///< almost opaque: behind text that lies over a page of whatever colour
 };
 
 const ThemeColors& themeColors(Appearance appearance);
