@@ -78,6 +78,23 @@ void drawMenuItem(QPainter& painter, const QStyleOptionMenuItem& item) {
     }
 }
 
+/// An entry of the menu bar. The keyboard shows on it as long as no menu is open.
+void drawMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& item, const QWidget* bar) {
+    const ThemeColors& colors = theme().colors();
+    painter.fillRect(item.rect, colors.window);
+    const ControlState state = stateOf(item);
+    const QRect body = item.rect.adjusted(0, distance::segments, 0, -distance::segments);
+    if (state.enabled && state.pressed) {
+        fillRounded(painter, body, radius::field, colors.selection);
+    } else if (item.state.testFlag(QStyle::State_Selected)) {
+        drawQuietBody(painter, body, radius::field,
+                      {.enabled = state.enabled, .hovered = true, .focused = bar && bar->hasFocus()});
+    }
+    painter.setFont(item.font);
+    painter.setPen(state.enabled ? colors.text : colors.textTertiary);
+    painter.drawText(item.rect, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextHideMnemonic, item.text);
+}
+
 /// Whether no entry has a letter of its own to be reached by; such a menu is searched by typing.
 bool isWithoutLetters(const QMenu* menu) {
     return menu && std::ranges::none_of(menu->actions(), [](const QAction* entry) {
@@ -120,8 +137,13 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         painter->fillRect(option->rect, option->palette.window());
         return;
     case PE_PanelMenu:
+        painter->fillRect(option->rect, colors.surface);
+        return;
+    case PE_PanelMenuBar:
+        return;
     case PE_PanelTipLabel:
         painter->fillRect(option->rect, colors.surface);
+        strokeRounded(*painter, option->rect, 0, colors.separator, extent::line);
         return;
     case PE_FrameMenu:
         strokeRounded(*painter, option->rect, 0, colors.separator, extent::line);
@@ -154,6 +176,15 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option,
                               Qt::AlignVCenter | Qt::AlignLeft, item->text);
             return;
         }
+    }
+    if (element == CE_MenuBarEmptyArea) {
+        painter->fillRect(option->rect, theme().colors().window);
+        return;
+    }
+    if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        item && element == CE_MenuBarItem) {
+        drawMenuBarItem(*painter, *item, widget);
+        return;
     }
     if (element == CE_PushButtonLabel) {
         if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
@@ -229,6 +260,11 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option
         made = QSize(size.width() + marks + sides + shortcut, extent::control);
     }
     return made;
+}
+
+QIcon ThemeStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+    return icon == SP_LineEditClearButton ? symbolIcon("xmark")
+                                          : QProxyStyle::standardIcon(icon, option, widget);
 }
 
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
