@@ -74,6 +74,7 @@ constexpr int card = 12; ///< large ones
 namespace extent {
 constexpr int control = 28; ///< height of a field or button
 constexpr int largeControl = 34;
+constexpr int toolbar = 52; ///< height of the row at the top of a window
 constexpr int pillControl = 25;   ///< height of a titled button in a pill
 constexpr int pillSymbol = 28;    ///< width, or side, of a button in a pill that shows a symbol
 constexpr int toolbarButton = 36; ///< width of a button that stands in the toolbar by itself
