@@ -8,6 +8,7 @@
 #include "model/ComponentTree.h"
 #include "package/NewArticle.h"
 
+#include <QAbstractButton>
 #include <QBuffer>
 #include <QDateTime>
 #include <QDropEvent>
@@ -16,7 +17,6 @@
 #include <QMimeData>
 #include <QSettings>
 #include <QSignalSpy>
-#include <QToolButton>
 #include <QWebEngineView>
 
 #include <algorithm>
@@ -194,7 +194,7 @@ TEST_F(LivePreviewTest, theEditorOutlivesItsPagesProcessAndSaysSo) {
             ASSERT_TRUE(shows("words"));
         }
     }
-    QTest::mouseClick(note->findChild<QToolButton*>("previewNoteAction"), Qt::LeftButton);
+    QTest::mouseClick(note->findChild<QAbstractButton*>("previewNoteAction"), Qt::LeftButton);
     ASSERT_TRUE(shows("words"));
     EXPECT_FALSE(note->isVisible());
     addBody("more");
