@@ -196,6 +196,28 @@ TEST_F(WebViewTest, aWebProcessThatDiesIsReplaced) {
     EXPECT_EQ(run("document.querySelector('p').textContent"), "kept");
 }
 
+TEST_F(WebViewTest, aNewProcessLeavesTheKeyboardWhereItIs) {
+    QLineEdit field(&window);
+    field.show();
+    window.activateWindow();
+    field.setFocus();
+    ASSERT_TRUE(waitFor([&] { return field.hasFocus(); }, longestScript));
+    ASSERT_TRUE(load(page("<p>first</p>")));
+    const auto restart = [&] {
+        const int before = finishes;
+        ::kill(static_cast<pid_t>(web.processId()), SIGKILL);
+        return waitFor([&] { return finishes > before; }, longestLoad);
+    };
+    ASSERT_TRUE(restart());
+    QTest::qWait(200);
+    EXPECT_TRUE(field.hasFocus());
+    web.view()->setFocus();
+    ASSERT_FALSE(field.hasFocus());
+    ASSERT_TRUE(restart());
+    QTest::qWait(200);
+    EXPECT_TRUE(web.view()->hasFocus()) << "nor does it take it from the page";
+}
+
 TEST_F(WebViewTest, aPageThatNeverComesToRestDoesNotKeepTheNextOneOut) {
     for (const char* script : {"for (;;) {}", "setInterval(() => { for (;;) {} }, 1)",
                                "window.onbeforeunload = () => 'stay'; for (;;) {}"}) {
