@@ -4,11 +4,13 @@
 #include "desktop/theme/Theme.h"
 #include "editor/PreviewCaption.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPixmapCache>
 #include <QResizeEvent>
 #include <QScrollBar>
+#include <QWheelEvent>
 #include <qdrawutil.h>
 
 #include <algorithm>
@@ -107,20 +109,39 @@ protected:
     }
 };
 
+/// Tells that the page has the keyboard.
+class FocusRing : public QWidget {
+public:
+    explicit FocusRing(QWidget* parent) : QWidget(parent) {
+        setObjectName(QStringLiteral("previewFocusRing"));
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setAttribute(Qt::WA_NoSystemBackground);
+        hide();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        drawFocusRing(painter, rect(), 0);
+    }
+};
+
 } // namespace
 
 struct PreviewStage::Parts {
-    explicit Parts(QWidget& thePage) : page(thePage), outline(&backdrop), caption(&backdrop) {}
+    Parts(QWidget& thePage, QWidget* stage)
+        : page(thePage), outline(&backdrop), caption(&backdrop), ring(stage) {}
 
     QWidget& page;
     Backdrop backdrop;
     FrameOutline outline;
     PreviewCaption caption;
+    FocusRing ring;
     std::optional<FrameSize> frame;
 };
 
 PreviewStage::PreviewStage(QWidget& page, QWidget* parent)
-    : QScrollArea(parent), m_parts(std::make_unique<Parts>(page)) {
+    : QScrollArea(parent), m_parts(std::make_unique<Parts>(page, this)) {
     setObjectName(QStringLiteral("previewStage"));
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
@@ -130,6 +151,7 @@ PreviewStage::PreviewStage(QWidget& page, QWidget* parent)
     connect(&theme(), &Theme::changed, this, [this] {
         m_parts->backdrop.update();
         m_parts->outline.update();
+        m_parts->ring.update();
     });
 }
 
@@ -152,8 +174,20 @@ void PreviewStage::setCaption(const QString& text) {
     arrange();
 }
 
+void PreviewStage::showKeyboard(bool isShown) {
+    m_parts->ring.setVisible(isShown);
+    m_parts->ring.raise();
+}
+
+void PreviewStage::turnWheel(const QPoint& turn) {
+    QScrollBar* bar = turn.x() != 0 ? horizontalScrollBar() : verticalScrollBar();
+    QWheelEvent event({}, {}, {}, turn, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(bar, &event);
+}
+
 void PreviewStage::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
+    m_parts->ring.setGeometry(rect());
     arrange();
 }
 
