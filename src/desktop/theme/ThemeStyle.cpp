@@ -245,6 +245,9 @@ QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
 QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                    const QWidget* widget) const {
     QSize made = QProxyStyle::sizeFromContents(type, option, size, widget);
+    if (type == CT_MenuBarItem) {
+        made.setWidth(size.width() + 2 * distance::beside);
+    }
     if (type == CT_PushButton || type == CT_LineEdit) {
         made.setHeight(std::max(made.height(), extent::control));
     }
@@ -285,6 +288,10 @@ int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
         return distance::beside;
     case PM_SmallIconSize:
         return static_cast<int>(symbolExtent(symbolSize::control));
+    case PM_MenuBarItemSpacing:
+        return 0;
+    case PM_MenuBarHMargin:
+        return distance::inside;
     case PM_MenuVMargin:
         return distance::inside;
     case PM_ButtonShiftHorizontal:
@@ -302,6 +309,8 @@ int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
         return theme().duration(motion::usual);
     case SH_ScrollBar_LeftClickAbsolutePosition:
         return 0;
+    case SH_MenuBar_AltKeyNavigation:
+        return 1;
     case SH_UnderlineShortcut:
         return 0;
     case SH_Menu_KeyboardSearch:
