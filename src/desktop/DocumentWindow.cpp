@@ -14,6 +14,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QPushButton>
+#include <QShortcut>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -148,6 +149,8 @@ void DocumentWindow::buildMenus() {
         made->setObjectName(QLatin1String(row.name));
         made->setAccessibleName(QString(text).remove(QLatin1Char('&')));
     }
+    new QShortcut(Qt::Key_F10, this,
+                  [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
     QMenu* file = &menu(WindowMenu::File);
     const auto add = [&](const Command& command) {
         QAction* action =

@@ -4,20 +4,15 @@
 #include "desktop/WebColorScheme.h"
 #include "desktop/WebPage.h"
 #include "desktop/WebRequests.h"
+#include "desktop/WebView.h"
 #include "preview/PageHandover.h"
 
-#include <QApplication>
-#include <QChildEvent>
-#include <QContextMenuEvent>
 #include <QEvent>
-#include <QMenu>
-#include <QMouseEvent>
-#include <QTimer>
+#include <QPointer>
 #include <QVBoxLayout>
 #include <QWebEngineHistory>
 #include <QWebEngineProfile>
 #include <QWebEngineScript>
-#include <QWebEngineView>
 
 #include <csignal>
 #include <optional>
@@ -31,52 +26,30 @@ constexpr double longestSilence = 3.0; ///< seconds in which a web process must 
 constexpr double calmTime = 30.0;      ///< seconds after which an earlier end of the process no longer counts
 constexpr int mostRestarts = 2;        ///< of one page, within that time
 
-/// The view, with a menu of what makes sense in a preview.
-class View : public QWebEngineView {
-public:
-    using QWebEngineView::QWebEngineView;
-    std::function<void()> onReload;
-    std::function<void(const QPointF&)> onClick; ///< a press and a release in one place of the page
-
-protected:
-    /// What is dropped on a page belongs to the window. The engine's own widgets come and go with its process
-    /// and take all drops.
-    void childEvent(QChildEvent* event) override {
-        QWebEngineView::childEvent(event);
-        if (event->added() && event->child()->isWidgetType()) {
-            auto* widget = static_cast<QWidget*>(event->child());
-            QTimer::singleShot(0, widget, [widget] { widget->setAcceptDrops(false); });
-            widget->installEventFilter(this);
-        }
-    }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonRelease) {
-            const auto* mouse = static_cast<QMouseEvent*>(event);
-            const bool isLeft = mouse->button() == Qt::LeftButton && !mouse->modifiers();
-            if (event->type() == QEvent::MouseButtonPress) {
-                m_press = isLeft ? std::optional(mouse->position()) : std::nullopt;
-            } else if (isLeft && m_press &&
-                       (mouse->position() - *m_press).manhattanLength() < QApplication::startDragDistance()) {
-                onClick(mouse->position());
-            }
-        }
-        return QWebEngineView::eventFilter(watched, event);
-    }
-
-    void contextMenuEvent(QContextMenuEvent* event) override {
-        auto* menu = new QMenu(this);
-        menu->setAttribute(Qt::WA_DeleteOnClose);
-        QAction* copy = menu->addAction(tr("Copy"));
-        copy->setEnabled(hasSelection());
-        connect(copy, &QAction::triggered, this, [this] { triggerPageAction(QWebEnginePage::Copy); });
-        connect(menu->addAction(tr("Reload Preview")), &QAction::triggered, this, [this] { onReload(); });
-        menu->popup(event->globalPos());
-    }
-
-private:
-    std::optional<QPointF> m_press;
-};
+/// Whether something at a place of the page, in CSS pixels, scrolls in a direction, the page itself included.
+/// A frame of another page is not looked into: it may.
+QString scrollsScript(const QPointF& place, const QPoint& direction) {
+    return QStringLiteral(
+               "((x, y, dx, dy) => {"
+               "  const moves = (at, seen, whole, by) => by < 0 ? at > 1 : by > 0 && at + seen < whole - 1;"
+               "  const scrolls = element =>"
+               "    moves(element.scrollLeft, element.clientWidth, element.scrollWidth, dx) ||"
+               "    moves(element.scrollTop, element.clientHeight, element.scrollHeight, dy);"
+               "  const root = document.scrollingElement;"
+               "  let element = document.elementFromPoint(x, y);"
+               "  if (element?.closest('iframe, object, embed')) { return true; }"
+               "  for (; element && element !== root; element = element.parentElement) {"
+               "    const style = getComputedStyle(element);"
+               "    const overflow = dx ? style.overflowX : style.overflowY;"
+               "    if (/auto|scroll/.test(overflow) && scrolls(element)) { return true; }"
+               "  }"
+               "  return !!root && scrolls(root);"
+               "})(%1, %2, %3, %4)")
+        .arg(place.x())
+        .arg(place.y())
+        .arg(direction.x())
+        .arg(direction.y());
+}
 
 /// The nearest component at a place of the page, in CSS pixels. What the page itself does something with on a
 /// click is left to it, and so is a click that ends a selection.
@@ -112,6 +85,8 @@ struct PreviewWebWidget::Parts {
         : widget(theWidget), scheduler(theScheduler), delegate(*configuration.delegate),
           bundle(*configuration.schemeHandler), page(&profile, configuration) {}
 
+    /// Runs a script in a world of its own, where the page's scripts change nothing.
+    void ask(const QString& script, std::function<void(const QVariant&)> done);
     void prepare();
     void handOver(std::uint64_t number, PageHandover pieces);
     void endSilence();
@@ -129,9 +104,10 @@ struct PreviewWebWidget::Parts {
     QWebEngineProfile profile; ///< without a name: nothing is kept on disk
     WebPage page;
     WebColorScheme colorScheme{page};
-    View view;
+    WebView view;
     bool drawsBackground = true;
     double zoom = 1;
+    bool passesWheel = false;
     WantedPage wanted;
     std::uint64_t lastNumber = 0;
     std::uint64_t takenUp = 0;    ///< the page whose script the engine has fetched last
@@ -159,21 +135,26 @@ PreviewWebWidget::PreviewWebWidget(const WebViewConfiguration& configuration, Sc
         parts.takenUp = page;
         parts.hasAnswered = true;
     };
-    parts.view.onReload = [this] {
-        reload();
-    };
-    // In a world of its own, where the page's scripts change nothing.
-    parts.view.onClick = [this](const QPointF& place) {
-        m_parts->page.runJavaScript(componentScript(place / m_parts->zoom),
-                                    QWebEngineScript::ApplicationWorld,
-                                    [this, alive = m_parts->whileAlive.handle()](const QVariant& id) {
-                                        alive([this, id] {
-                                            if (!id.toString().isEmpty()) {
-                                                Q_EMIT componentClicked(id.toString());
-                                            }
-                                        })();
-                                    });
-    };
+    connect(&parts.view, &WebView::reloadRequested, this, [this] { reload(); });
+    connect(&parts.view, &WebView::clicked, this, [this, &parts](const QPointF& place) {
+        parts.ask(componentScript(place / parts.zoom), [this](const QVariant& id) {
+            if (!id.toString().isEmpty()) {
+                Q_EMIT componentClicked(id.toString());
+            }
+        });
+    });
+    connect(
+        &parts.view, &WebView::wheelTurned, this, [this, &parts](const QPointF& place, const QPoint& turn) {
+            // The engine has the event as well and does nothing with it where nothing scrolls.
+            if (parts.passesWheel) {
+                parts.ask(scrollsScript(place / parts.zoom, -turn), [this, turn](const QVariant& scrolls) {
+                    if (scrolls.isValid() && !scrolls.toBool()) {
+                        Q_EMIT wheelPassed(turn);
+                    }
+                });
+            }
+        });
+    connect(&parts.view, &WebView::keyboardShown, this, &PreviewWebWidget::keyboardShown);
     parts.view.setPage(&parts.page);
     parts.view.setAcceptDrops(false);
     parts.view.setObjectName(QStringLiteral("previewWebView"));
@@ -208,6 +189,10 @@ void PreviewWebWidget::setZoom(double zoom) {
     m_parts->page.setZoomFactor(zoom);
 }
 
+void PreviewWebWidget::setPassesWheel(bool passes) {
+    m_parts->passesWheel = passes;
+}
+
 void PreviewWebWidget::reload() {
     m_parts->restarts = 0;
     m_parts->prepare();
@@ -233,6 +218,13 @@ void PreviewWebWidget::changeEvent(QEvent* event) {
     }
 }
 
+void PreviewWebWidget::Parts::ask(const QString& script, std::function<void(const QVariant&)> done) {
+    page.runJavaScript(script, QWebEngineScript::ApplicationWorld,
+                       [alive = whileAlive.handle(), done = std::move(done)](const QVariant& value) {
+                           alive([&] { done(value); })();
+                       });
+}
+
 void PreviewWebWidget::Parts::prepare() {
     wanted.number = ++lastNumber;
     scheduler.inBackground(Lane::pages,
@@ -253,7 +245,12 @@ void PreviewWebWidget::Parts::handOver(std::uint64_t number, PageHandover pieces
     profile.clearHttpCache();
     const QUrl base(QString::fromStdString(wanted.baseURL));
     page.setBase(base);
+    const QPointer<QWidget> keyboard = widget.window()->focusWidget();
     page.setHtml(QString::fromStdString(handoverShell(pieces.prolog, scrollPlace(), scriptURL)), base);
+    if (keyboard && !widget.isAncestorOf(keyboard) && keyboard != widget.window()->focusWidget()) {
+        // A new process takes it from whoever has it.
+        keyboard->setFocus();
+    }
     if (takenUp >= handedOver) {
         silentSince = scheduler.now();
     }

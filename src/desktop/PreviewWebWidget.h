@@ -29,6 +29,9 @@ public:
     /// How large the page is shown, 1 being its own size.
     void setZoom(double zoom);
 
+    /// Whether `wheelPassed` tells of the wheel over the page.
+    void setPassesWheel(bool passes);
+
     /// Brings the current page up once more.
     void reload();
 
@@ -44,6 +47,11 @@ Q_SIGNALS:
     /// A component of the page was clicked, and nothing in it that does something by itself. `id` is whatever
     /// the page says.
     void componentClicked(const QString& id);
+    /// The wheel was turned over the page, by `turn` in eighths of a degree, and nothing there scrolls that
+    /// way.
+    void wheelPassed(const QPoint& turn);
+    /// Whether the page has the keyboard and shows it, as it came there by a key.
+    void keyboardShown(bool isShown);
     /// The engine was given the page to load.
     void handedOver();
     /// The page is complete.

@@ -14,7 +14,6 @@ namespace quillon {
 
 namespace {
 
-constexpr int toolbarHeight = 52;
 constexpr QSize buttonSize(extent::toolbarButton, extent::control);
 
 ToolbarSymbolButton* makeButton(const char* objectName, const char* symbol, const QString& name,
@@ -34,7 +33,7 @@ EditorToolbar::EditorToolbar(EditorWindowState& state, const std::function<void(
                            keys::withKey(tr("Toggle the outline"), keys::showOutline), this)) {
     setObjectName(QStringLiteral("toolbar"));
     setAccessibleName(tr("Toolbar"));
-    setFixedHeight(toolbarHeight);
+    setFixedHeight(extent::toolbar);
     auto* add = makeButton("addMenu", "plus", tr("Add Component"), tr("Add a component"), this);
     auto* menu = new QMenu(add);
     fillComponentAddMenu(*menu, onAdd);

@@ -1,14 +1,13 @@
 #include "editor/FindBar.h"
 
-#include "desktop/theme/Symbols.h"
 #include "desktop/theme/Theme.h"
+#include "desktop/widgets/PushButton.h"
 #include "editor/JSONSourceView.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QToolButton>
 
 namespace quillon {
 
@@ -17,14 +16,11 @@ namespace {
 /// Bytes of a selection that is taken for what to search.
 constexpr std::size_t longestTaken = 1000;
 
-QToolButton* makeButton(const char* objectName, const QString& name, std::string_view symbol,
-                        QWidget* parent) {
-    auto* button = new QToolButton(parent);
+PushButton* makeButton(const char* objectName, const QString& name, const char* symbol, QWidget* parent) {
+    PushButton* button = PushButton::ofSymbol(symbol, name, ButtonKind::Borderless, parent);
     button->setObjectName(QLatin1String(objectName));
-    button->setAccessibleName(name);
-    button->setToolTip(name);
-    button->setIcon(symbolIcon(symbol));
-    button->setAutoRaise(true);
+    // A click leaves the keyboard in the field.
+    button->setFocusPolicy(Qt::TabFocus);
     return button;
 }
 
@@ -38,11 +34,13 @@ FindBar::FindBar(JSONSourceView& text, QWidget* parent)
     m_field->setAccessibleName(tr("Find"));
     m_field->setPlaceholderText(tr("Find"));
     m_field->setClearButtonEnabled(true);
+    m_field->setTextMargins(distance::inside, 0, distance::inside, 0);
     m_count->setObjectName(QStringLiteral("findCount"));
     auto* previous = makeButton("findPrevious", tr("Previous match"), "chevron.up", this);
     auto* next = makeButton("findNext", tr("Next match"), "chevron.down", this);
     auto* done = makeButton("findClose", tr("Close"), "xmark", this);
     auto* row = new QHBoxLayout(this);
+    row->setSpacing(distance::inside);
     row->setContentsMargins(distance::groups, distance::inside, distance::groups, distance::inside);
     row->addWidget(m_field, 1);
     row->addWidget(m_count);
@@ -55,9 +53,9 @@ FindBar::FindBar(JSONSourceView& text, QWidget* parent)
             search(Then::stay);
         }
     });
-    connect(previous, &QToolButton::clicked, this, [this] { go(Direction::backward); });
-    connect(next, &QToolButton::clicked, this, [this] { go(Direction::forward); });
-    connect(done, &QToolButton::clicked, this, [this] { close(); });
+    connect(previous, &QAbstractButton::clicked, this, [this] { go(Direction::backward); });
+    connect(next, &QAbstractButton::clicked, this, [this] { go(Direction::forward); });
+    connect(done, &QAbstractButton::clicked, this, [this] { close(); });
     m_field->installEventFilter(this);
     text.installEventFilter(this);
     hide();

@@ -1,6 +1,8 @@
 #include "editor/JSONSourceView.h"
 
+#include "desktop/theme/Painting.h"
 #include "desktop/theme/Theme.h"
+#include "desktop/widgets/WidgetState.h"
 #include "editor/JSONSourceAccessible.h"
 #include "editor/SharedTextMime.h"
 
@@ -17,6 +19,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace quillon {
 
@@ -214,7 +217,11 @@ void JSONSourceView::resizeEvent(QResizeEvent* event) {
 }
 
 void JSONSourceView::scrollContentsBy(int dx, int dy) {
-    viewport()->scroll(dx, dy);
+    if (showsKeyboard()) {
+        viewport()->update(); // the ring stays where it is
+    } else {
+        viewport()->scroll(dx, dy);
+    }
 }
 
 /// Scrolls as little as brings a place into sight.
@@ -265,6 +272,9 @@ void JSONSourceView::paintEvent(QPaintEvent* event) {
         if (line == caretLine && hasFocus()) {
             painter.fillRect(rectOf(m_caret), theme().colors().text);
         }
+    }
+    if (showsKeyboard()) {
+        drawFocusRing(painter, viewport()->rect(), 0);
     }
     if (m_layout.width() > widthBefore) {
         QMetaObject::invokeMethod(this, &JSONSourceView::updateBars, Qt::QueuedConnection);
@@ -407,6 +417,9 @@ void JSONSourceView::mousePressEvent(QMouseEvent* event) {
         event->ignore();
         return;
     }
+    if (std::exchange(m_isByKeyboard, false)) {
+        viewport()->update();
+    }
     const QPoint point = event->position().toPoint();
     const bool isThird = m_sinceDoubleClick.isValid() &&
                          m_sinceDoubleClick.elapsed() < QApplication::doubleClickInterval() &&
@@ -486,6 +499,7 @@ void JSONSourceView::contextMenuEvent(QContextMenuEvent* event) {
 
 void JSONSourceView::focusInEvent(QFocusEvent* event) {
     QAbstractScrollArea::focusInEvent(event);
+    followFocusReason(m_isByKeyboard, event->reason());
     viewport()->update();
 }
 

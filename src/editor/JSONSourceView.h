@@ -105,6 +105,7 @@ private:
     void beginDrag(QPoint point, Unit unit);
     void dragTo(QPoint point);
     void offerSelection() const;
+    bool showsKeyboard() const { return m_isByKeyboard && hasFocus(); }
 
     Shared<std::string> m_json;
     TextLines m_lines;
@@ -119,6 +120,7 @@ private:
     QPoint m_pointer;         ///< of the drag, in the viewport
     QBasicTimer m_autoScroll; ///< while the pointer is outside
     QElapsedTimer m_sinceDoubleClick;
+    bool m_isByKeyboard = false; ///< the keyboard came here by a key
 };
 
 } // namespace quillon

@@ -1,5 +1,6 @@
 #include "editor/PreviewCaption.h"
 
+#include "desktop/theme/Painting.h"
 #include "desktop/theme/Theme.h"
 
 #include <QFontMetrics>
@@ -9,7 +10,7 @@ namespace quillon {
 
 namespace {
 
-constexpr int paddingAcross = 10;
+constexpr int paddingAcross = 10; ///< beside the text, in points
 constexpr int paddingDown = 5;
 
 } // namespace
@@ -34,11 +35,7 @@ QSize PreviewCaption::sizeHint() const {
 
 void PreviewCaption::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(faded(theme().colors().surface, 0.86));
-    const double radius = height() / 2.0;
-    painter.drawRoundedRect(rect(), radius, radius);
+    fillRounded(painter, rect(), capsule, theme().colors().overPage);
     painter.setPen(theme().colors().textSecondary);
     painter.setFont(theme().font(TextSize::Caption));
     painter.drawText(rect(), Qt::AlignCenter, m_text);

@@ -1,10 +1,15 @@
 #include "editor/PreviewNote.h"
 
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QTimer>
-#include <QToolButton>
+#include "desktop/theme/Painting.h"
+#include "desktop/theme/Theme.h"
+#include "desktop/widgets/PushButton.h"
+#include "desktop/widgets/TextLabel.h"
 
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QTimer>
+
+#include <algorithm>
 #include <chrono>
 
 namespace quillon {
@@ -14,31 +19,33 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto readingTime = 8s;
-constexpr int distance = 12; ///< points from the edges
+constexpr int widest = 480; ///< points
 
 } // namespace
 
 PreviewNote::PreviewNote(QWidget* parent)
-    : QFrame(parent), m_text(new QLabel(this)), m_action(new QToolButton(this)) {
+    : QWidget(parent), m_text(new TextLabel({}, {.flow = TextFlow::wrapped}, this)),
+      m_action(new PushButton({}, ButtonKind::Bordered, {}, this)) {
     setObjectName(QStringLiteral("previewNote"));
-    setFrameShape(QFrame::StyledPanel);
-    setAutoFillBackground(true);
     m_text->setObjectName(QStringLiteral("previewNoteText"));
-    m_text->setWordWrap(true);
     m_action->setObjectName(QStringLiteral("previewNoteAction"));
     auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(distance::around, distance::groups, distance::around, distance::groups);
+    layout->setSpacing(distance::groups);
     layout->addWidget(m_text, 1);
     layout->addWidget(m_action);
-    connect(m_action, &QToolButton::clicked, this, &PreviewNote::actionChosen);
+    connect(m_action, &QAbstractButton::clicked, this, &PreviewNote::actionChosen);
+    connect(&theme(), &Theme::changed, this, [this] { update(); });
     hide();
 }
 
 void PreviewNote::tell(const QString& text, const QString& action) {
-    m_text->setText(text);
-    m_text->setAccessibleName(text);
+    m_text->setPlainText(text);
+    setAccessibleName(text);
     m_action->setText(action);
     m_action->setAccessibleName(action);
     m_action->setVisible(!action.isEmpty());
+    m_action->updateGeometry();
     arrange();
     show();
     raise();
@@ -53,9 +60,20 @@ void PreviewNote::tell(const QString& text, const QString& action) {
 }
 
 void PreviewNote::arrange() {
-    const int width = parentWidget()->width() - 2 * distance;
-    const int height = hasHeightForWidth() ? heightForWidth(width) : sizeHint().height();
-    setGeometry(distance, distance, width, height);
+    layout()->activate();
+    const QSize pane = parentWidget()->size();
+    const int width = std::min({pane.width() - 2 * distance::groups, sizeHint().width(), widest});
+    const int height = layout()->totalHeightForWidth(width);
+    setGeometry((pane.width() - width) / 2, pane.height() - distance::groups - height, width, height);
+}
+
+void PreviewNote::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const ThemeColors& colors = theme().colors();
+    const QRectF card = QRectF(rect()).adjusted(0, 0, 0, -extent::line);
+    fillRounded(painter, card.translated(0, extent::line), radius::card, colors.shadow);
+    fillRounded(painter, card, radius::card, colors.surface);
+    strokeRounded(painter, card, radius::card, colors.separator, extent::line);
 }
 
 } // namespace quillon

@@ -1,14 +1,15 @@
 #pragma once
 
-#include <QFrame>
-
-class QLabel;
-class QToolButton;
+#include <QWidget>
 
 namespace quillon {
 
-/// A line over the preview that tells what became of its page, with one way out of it at most.
-class PreviewNote : public QFrame {
+class PushButton;
+class TextLabel;
+
+/// A card over the lower edge of the preview that tells what became of its page, with one way out of it at
+/// most.
+class PreviewNote : public QWidget {
     Q_OBJECT
 
 public:
@@ -17,15 +18,18 @@ public:
     /// Shows `text` until it is closed or, where there is nothing to do, for some seconds. An empty `action`
     /// has no button.
     void tell(const QString& text, const QString& action);
-    /// Keeps to the upper edge of its parent.
+    /// Keeps to the middle of its parent's lower edge.
     void arrange();
 
 Q_SIGNALS:
     void actionChosen();
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
-    QLabel* m_text;
-    QToolButton* m_action;
+    TextLabel* m_text;
+    PushButton* m_action;
     int m_told = 0;
 };
 

@@ -4,25 +4,18 @@
 #include "desktop/ApplicationInfo.h"
 #include "desktop/PreviewWebWidget.h"
 #include "desktop/WindowPlacement.h"
+#include "desktop/theme/Tokens.h"
+#include "desktop/widgets/ProgressIndicator.h"
 #include "editor/PreviewNote.h"
 #include "editor/PreviewStage.h"
 #include "preview/ArticlePreviewView.h"
 #include "preview/ResponsiveArticlePreview.h"
 
-#include <QProgressBar>
-#include <QTimer>
 #include <QVBoxLayout>
-
-#include <chrono>
 
 namespace quillon {
 
 namespace {
-
-using namespace std::chrono_literals;
-
-constexpr auto progressDelay = 300ms; ///< what takes less needs no sign
-constexpr int progressWidth = 160;
 
 PreviewState previewState(const DocumentStore& store, const Settings& settings, const PreviewChoice& choice) {
     return {.document = store.document(),
@@ -41,8 +34,8 @@ struct PreviewPane::Parts {
         : pane(thePane), store(theStore), settings(theSettings),
           preview(previewState(theStore, theSettings, {}), cache,
                   {scheduler, applicationInfo, wallClockSeconds}),
-          web(coordinator.configuration(), scheduler, &thePane), stage(web, &thePane), progress(&thePane),
-          note(&thePane) {}
+          web(coordinator.configuration(), scheduler, &thePane), stage(web, &thePane),
+          progress(tr("The page is being made"), Cancelling::Absent, &thePane), note(&thePane) {}
 
     void follow(const StoreChange& change);
     void followState();
@@ -59,7 +52,7 @@ struct PreviewPane::Parts {
     PreviewStage stage;
     PreviewChoice choice;
     bool isPlaced = false;
-    QProgressBar progress; ///< until there is a page
+    ProgressIndicator progress; ///< until the first page is on the screen
     PreviewNote note;
     Subscription subscription;
 };
@@ -76,24 +69,24 @@ PreviewPane::PreviewPane(DocumentStore& store, ArticleDerivedContentCache& cache
     parts.present();
 
     parts.progress.setObjectName(QStringLiteral("previewProgress"));
-    parts.progress.setAccessibleName(tr("The page is being made"));
-    parts.progress.setRange(0, 0);
-    parts.progress.setTextVisible(false);
-    parts.progress.setFixedWidth(progressWidth);
-    parts.progress.hide();
-    QTimer::singleShot(progressDelay, &parts.progress,
-                       [&parts] { parts.progress.setVisible(!parts.preview.renderedPreview().has_value()); });
+    // The sign alone, which a wider one would show at its left.
+    parts.progress.setFixedSize(extent::spinner, extent::control);
+    parts.progress.setAttribute(Qt::WA_TransparentForMouseEvents);
+    parts.progress.start();
+    connect(&parts.web, &PreviewWebWidget::finished, &parts.progress, &ProgressIndicator::finish);
 
     parts.preview.onRendered = [&parts] {
-        parts.progress.hide();
         parts.updateWeb();
     };
     parts.subscription = store.observe([&parts](const StoreChange& change) { parts.follow(change); });
     connect(&settings, &Settings::changed, this, [&parts] { parts.followState(); });
+    connect(&parts.web, &PreviewWebWidget::wheelPassed, &parts.stage, &PreviewStage::turnWheel);
+    connect(&parts.web, &PreviewWebWidget::keyboardShown, &parts.stage, &PreviewStage::showKeyboard);
     connect(&parts.web, &PreviewWebWidget::componentClicked, this, &PreviewPane::componentClicked);
     connect(&parts.web, &PreviewWebWidget::finished, this, &PreviewPane::pageShown);
     connect(&parts.web, &PreviewWebWidget::restarted, this, [this, &parts](bool isWaiting) {
         if (isWaiting) {
+            parts.progress.finish();
             parts.note.tell(
                 tr("The page has stopped its web process several times. It is tried again with your "
                    "next change."),
@@ -126,8 +119,6 @@ PreviewWebWidget& PreviewPane::webWidget() const {
 
 void PreviewPane::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
-    QProgressBar& progress = m_parts->progress;
-    progress.move((width() - progress.width()) / 2, (height() - progress.height()) / 2);
     m_parts->note.arrange();
     m_parts->layOut();
 }
@@ -174,6 +165,9 @@ void PreviewPane::Parts::present() {
         frame = FrameSize{frame->width * choice.zoom, frame->height * choice.zoom};
     }
     stage.setFrame(frame);
+    web.setPassesWheel(frame.has_value());
+    const QRect content = QRect(web.mapTo(&pane, QPoint()), web.size()) & pane.rect();
+    progress.move(content.center() - progress.rect().center());
     const PreviewEnvironment environment =
         preview.resolvedEnvironment(pane.width() / choice.zoom, pane.height() / choice.zoom);
     stage.setCaption(QString::fromStdString(previewCaption(environment, choice.zoom)));

@@ -1,30 +1,67 @@
 #include "editor/PreviewStage.h"
 
+#include "desktop/theme/Painting.h"
 #include "desktop/theme/Theme.h"
 #include "editor/PreviewCaption.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPixmapCache>
 #include <QResizeEvent>
 #include <QScrollBar>
+#include <QWheelEvent>
+#include <qdrawutil.h>
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 namespace quillon {
 
 namespace {
 
-constexpr int captionInset = 12;    ///< from the pane's upper right corner, where the page fills it
 constexpr int framePadding = 18;    ///< round caption and frame
 constexpr int captionDistance = 10; ///< between caption and frame
-constexpr double frameRadius = 8;
-constexpr double strokeOpacity = 0.22;
-constexpr double shadowOpacity = 0.12;
 constexpr int shadowRadius = 14;
 constexpr int shadowDrop = 5;
 
-/// What lies behind the framed page: the pane's colour and the frame's shadow.
+/// How far from the shadow's edge it is blurred, to both sides: beyond this there is less of it than can be
+/// shown.
+constexpr int shadowReach = shadowRadius * 3 / 2;
+
+/// The shadow of the smallest rectangle whose middle is not blurred. That of any larger one has the same
+/// edges and corners, which are too soft to tell the frame's rounding.
+QPixmap makeShadow(const QColor& color) {
+    constexpr int middle = 1;
+    constexpr int side = 4 * shadowReach + middle;
+    constexpr double deviation = shadowRadius / 2.0;
+    const auto strength = [](int at) {
+        const double inwards = std::min(at, side - 1 - at) + 0.5 - shadowReach;
+        return std::erfc(-inwards / (deviation * std::numbers::sqrt2)) / 2;
+    };
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
+            image.setPixelColor(x, y, faded(color, strength(x) * strength(y)));
+        }
+    }
+    return QPixmap::fromImage(image);
+}
+
+/// Paints what lies behind a framed page: the pane's colour and the frame's shadow.
+void paintBehind(QPainter& painter, const QRect& area, const QRect& frame) {
+    painter.fillRect(area, theme().colors().window);
+    static const QString key = QStringLiteral("quillonFrameShadow");
+    QPixmap shadow;
+    if (!QPixmapCache::find(key, &shadow)) {
+        shadow = makeShadow(theme().colors().frameShadow);
+        QPixmapCache::insert(key, shadow);
+    }
+    constexpr QMargins blurred(shadowReach, shadowReach, shadowReach, shadowReach);
+    qDrawBorderPixmap(&painter, frame.translated(0, shadowDrop).marginsAdded(blurred), 2 * blurred, shadow);
+}
+
 class Backdrop : public QWidget {
 public:
     using QWidget::QWidget;
@@ -37,18 +74,10 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.fillRect(rect(), palette().color(QPalette::Window));
         if (m_frame.isNull()) {
-            return;
-        }
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        // Rings of one faint colour add up to a shadow that fades outwards.
-        painter.setBrush(QColor(0, 0, 0, static_cast<int>(std::lround(255 * shadowOpacity / shadowRadius))));
-        for (int spread = 1; spread <= shadowRadius; ++spread) {
-            const QRectF ring =
-                QRectF(m_frame).translated(0, shadowDrop).adjusted(-spread, -spread, spread, spread);
-            painter.drawRoundedRect(ring, frameRadius + spread, frameRadius + spread);
+            painter.fillRect(rect(), theme().colors().window);
+        } else {
+            paintBehind(painter, rect(), m_frame);
         }
     }
 
@@ -56,7 +85,7 @@ private:
     QRect m_frame;
 };
 
-/// What lies over the framed page: its rounded corners and its outline.
+/// What lies over the framed page: its outline, and outside of its rounded corners what is behind it.
 class FrameOutline : public QWidget {
 public:
     explicit FrameOutline(QWidget* parent) : QWidget(parent) {
@@ -71,27 +100,48 @@ protected:
         QPainterPath corners;
         corners.addRect(rect());
         QPainterPath inside;
-        inside.addRoundedRect(rect(), frameRadius, frameRadius);
-        painter.fillPath(corners - inside, palette().color(QPalette::Window));
-        painter.setPen(QPen(faded(theme().colors().textSecondary, strokeOpacity), 1));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), frameRadius, frameRadius);
+        inside.addRoundedRect(rect(), radius::row, radius::row);
+        painter.save();
+        painter.setClipPath(corners - inside);
+        paintBehind(painter, rect(), rect());
+        painter.restore();
+        strokeRounded(painter, rect(), radius::row, theme().colors().frameOutline, extent::line);
+    }
+};
+
+/// Tells that the page has the keyboard.
+class FocusRing : public QWidget {
+public:
+    explicit FocusRing(QWidget* parent) : QWidget(parent) {
+        setObjectName(QStringLiteral("previewFocusRing"));
+        setAttribute(Qt::WA_TransparentForMouseEvents);
+        setAttribute(Qt::WA_NoSystemBackground);
+        hide();
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        drawFocusRing(painter, rect(), 0);
     }
 };
 
 } // namespace
 
 struct PreviewStage::Parts {
-    explicit Parts(QWidget& thePage) : page(thePage), outline(&backdrop), caption(&backdrop) {}
+    Parts(QWidget& thePage, QWidget* stage)
+        : page(thePage), outline(&backdrop), caption(&backdrop), ring(stage) {}
 
     QWidget& page;
     Backdrop backdrop;
     FrameOutline outline;
     PreviewCaption caption;
+    FocusRing ring;
     std::optional<FrameSize> frame;
 };
 
 PreviewStage::PreviewStage(QWidget& page, QWidget* parent)
-    : QScrollArea(parent), m_parts(std::make_unique<Parts>(page)) {
+    : QScrollArea(parent), m_parts(std::make_unique<Parts>(page, this)) {
     setObjectName(QStringLiteral("previewStage"));
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
@@ -101,6 +151,7 @@ PreviewStage::PreviewStage(QWidget& page, QWidget* parent)
     connect(&theme(), &Theme::changed, this, [this] {
         m_parts->backdrop.update();
         m_parts->outline.update();
+        m_parts->ring.update();
     });
 }
 
@@ -123,8 +174,20 @@ void PreviewStage::setCaption(const QString& text) {
     arrange();
 }
 
+void PreviewStage::showKeyboard(bool isShown) {
+    m_parts->ring.setVisible(isShown);
+    m_parts->ring.raise();
+}
+
+void PreviewStage::turnWheel(const QPoint& turn) {
+    QScrollBar* bar = turn.x() != 0 ? horizontalScrollBar() : verticalScrollBar();
+    QWheelEvent event({}, {}, {}, turn, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(bar, &event);
+}
+
 void PreviewStage::resizeEvent(QResizeEvent* event) {
     QScrollArea::resizeEvent(event);
+    m_parts->ring.setGeometry(rect());
     arrange();
 }
 
@@ -147,7 +210,7 @@ void PreviewStage::arrange() {
         parts.backdrop.setFrame({});
         parts.backdrop.setFixedSize(pane);
         parts.page.setGeometry(QRect({0, 0}, pane));
-        parts.caption.move(pane.width() - caption.width() - captionInset, captionInset);
+        parts.caption.move(pane.width() - caption.width() - distance::groups, distance::groups);
     } else {
         const QSize size(static_cast<int>(std::lround(parts.frame->width)),
                          static_cast<int>(std::lround(shownFrameHeight(*parts.frame, pane.height()))));

@@ -22,6 +22,10 @@ public:
     /// No frame means that the page fills the pane.
     void setFrame(std::optional<FrameSize> frame);
     void setCaption(const QString& text);
+    /// Whether the page has the keyboard and shows it.
+    void showKeyboard(bool isShown);
+    /// Scrolls by a turn of the wheel, in eighths of a degree, in one direction.
+    void turnWheel(const QPoint& turn);
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

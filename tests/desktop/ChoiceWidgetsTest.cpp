@@ -8,6 +8,8 @@
 #include "desktop/widgets/SegmentedControl.h"
 #include "desktop/widgets/TabStrip.h"
 #include "desktop/widgets/Toggle.h"
+#include "desktop/widgets/ToolbarButton.h"
+#include "desktop/widgets/ToolbarControlPill.h"
 #include "desktop/widgets/WidgetState.h"
 
 #include <QAccessible>
@@ -101,6 +103,15 @@ const std::vector<Make> buttons = {
     [](Record&) -> QWidget* { return new PushButton(name); },
     [](Record&) -> QWidget* { return new PushButton(name, ButtonKind::Prominent); },
     [](Record&) -> QWidget* { return PushButton::ofSymbol("plus", name); },
+    [](Record&) -> QWidget* { return new ToolbarModeButton(name, nullptr); },
+    [](Record&) -> QWidget* {
+        return new ToolbarSymbolButton("moon", name, {28, 25}, nullptr);
+    },
+    [](Record&) -> QWidget* {
+        auto* label = new ToolbarLooseControlLabel(Chevron::shown, nullptr);
+        label->setContent(name, "ipad");
+        return label;
+    },
 };
 
 class ChoiceWidgetsTest : public testing::Test {
@@ -203,6 +214,43 @@ TEST_F(ChoiceWidgetsTest, theKeyboardComesToTheChosenSegmentOnly) {
     EXPECT_TRUE(last->hasFocus());
     QTest::keyClick(last, Qt::Key_Backtab);
     EXPECT_TRUE(row->segments()[2]->hasFocus());
+}
+
+TEST_F(ChoiceWidgetsTest, aPillsChoicesAreOneOfSeveral) {
+    auto* first = shown(new PushButton("Before"));
+    auto* pill = shown(new ToolbarControlPill("Order", 2, nullptr));
+    std::vector<ToolbarModeButton*> modes;
+    for (const char* title : {"One", "Two", "Three"}) {
+        modes.push_back(new ToolbarModeButton(title, pill));
+        pill->addChoice(modes.back());
+        modes.back()->show();
+    }
+    auto* last = shown(new PushButton("After"));
+    modes[1]->setChecked(true);
+    first->setFocus();
+    QTest::keyClick(first, Qt::Key_Tab);
+    EXPECT_TRUE(modes[1]->hasFocus());
+    QTest::mouseClick(modes[1], Qt::LeftButton);
+    EXPECT_TRUE(modes[1]->isChecked()) << "a press on the chosen one changes nothing";
+    int presses = 0;
+    QObject::connect(modes[2], &QAbstractButton::clicked, pill, [&] { ++presses; });
+    QTest::keyClick(modes[1], Qt::Key_Right);
+    EXPECT_TRUE(modes[2]->hasFocus() && modes[2]->isChecked() && !modes[1]->isChecked());
+    EXPECT_EQ(presses, 1);
+    QTest::keyClick(modes[2], Qt::Key_Tab);
+    EXPECT_TRUE(last->hasFocus());
+    QTest::keyClick(last, Qt::Key_Backtab);
+    EXPECT_TRUE(modes[2]->hasFocus());
+
+    const auto* told = QAccessible::queryAccessibleInterface(modes[2]);
+    EXPECT_EQ(told->role(), QAccessible::RadioButton);
+    EXPECT_TRUE(told->state().checked);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(pill)->text(QAccessible::Name), "Order");
+    auto* opener = new ToolbarLooseControlLabel(Chevron::shown, pill);
+    opener->setContent("Opens", "ipad");
+    opener->setMenu(new QMenu(opener));
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(opener)->role(), QAccessible::ButtonMenu);
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(opener)->state().hasPopup);
 }
 
 TEST_F(ChoiceWidgetsTest, theMarkSlidesUnlessMotionIsToBeAvoided) {

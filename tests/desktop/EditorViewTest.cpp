@@ -2,10 +2,12 @@
 #include "WaitFor.h"
 
 #include "desktop/PreviewWebWidget.h"
+#include "desktop/theme/Symbols.h"
 #include "desktop/theme/Theme.h"
 #include "desktop/widgets/EmptyState.h"
 #include "desktop/widgets/Header.h"
 #include "desktop/widgets/ToolbarButton.h"
+#include "desktop/widgets/ToolbarControlPill.h"
 #include "document/EditorOperations.h"
 #include "editor/EditorColumns.h"
 #include "editor/EditorView.h"
@@ -21,10 +23,15 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTreeView>
 #include <QWebEngineView>
+
+#include <csignal>
+#include <cstdlib>
 
 namespace quillon::test {
 
@@ -100,6 +107,153 @@ TEST_F(EditorViewTest, devicesFramesAndOrientation) {
     EXPECT_TRUE(find<QAbstractButton>("appearanceDark")->isChecked()) << "a second press changes nothing";
     chooseDevice("Auto");
     EXPECT_EQ(pageSize(), window->findChild<PreviewPane*>()->size());
+}
+
+TEST_F(EditorViewTest, captionFrameAndToolbarStandInTheirPlaces) {
+    const auto* pane = window->findChild<PreviewPane*>();
+    const auto* captionLine = window->findChild<PreviewCaption*>();
+    const auto* toolbar = find<QWidget>("toolbar");
+    const auto* strip = find<QWidget>("previewControls");
+    const auto within = [&](const QWidget* widget) {
+        return QRect(widget->mapTo(pane, QPoint()), widget->size());
+    };
+    EXPECT_EQ(toolbar->height(), 52);
+    const auto isStripAtRest = [&] {
+        int width = 2 * distance::groups;
+        for (const auto* pill : strip->findChildren<ToolbarControlPill*>()) {
+            width += pill->sizeHint().width();
+        }
+        const int middle = strip->mapTo(toolbar, strip->rect().center()).x();
+        return strip->width() == width && std::abs(middle - toolbar->rect().center().x()) <= 1;
+    };
+    EXPECT_TRUE(waitFor(isStripAtRest));
+    press("modeJSON");
+    EXPECT_TRUE(waitFor([&] { return strip->width() < 200; }));
+    press("modePreview");
+    EXPECT_TRUE(waitFor(isStripAtRest)) << "it comes back whole";
+    pane = window->findChild<PreviewPane*>();
+    captionLine = window->findChild<PreviewCaption*>();
+    ASSERT_TRUE(waitFor([&] { return pane->width() > 0 && captionLine->isVisible(); }));
+    EXPECT_EQ(within(captionLine).top(), 12);
+    EXPECT_EQ(pane->width() - 1 - within(captionLine).right(), 12);
+    window->resize(1300, 1100);
+    chooseDevice("iPhone SE");
+    const QRect frame = within(&pane->webWidget());
+    EXPECT_EQ(within(captionLine).top(), 18);
+    EXPECT_EQ(frame.top() - 1 - within(captionLine).bottom(), 10);
+
+    // The shadow: black at 12 %, half of it at the frame's edge, gone after its radius, and behind the
+    // corners.
+    const QImage picture = const_cast<PreviewPane*>(pane)->grab().toImage();
+    const auto grey = [&](int x, int y) {
+        return picture.pixelColor(x, y).lightness();
+    };
+    const int bare = grey(3, 3);
+    const int middle = frame.center().y();
+    EXPECT_NEAR(grey(frame.left() - 1, middle), bare * (1 - 0.06), 2);
+    EXPECT_NEAR(grey(frame.left() - 14, middle), bare, 1);
+    EXPECT_NEAR(grey(frame.left(), frame.bottom()), grey(frame.left() - 1, frame.bottom()), 2);
+    EXPECT_LT(grey(frame.left(), frame.bottom()), bare - 5);
+    for (int away = 1; away < 18; ++away) {
+        EXPECT_LE(grey(frame.left() - away, middle), grey(frame.left() - away - 1, middle));
+    }
+}
+
+TEST_F(EditorViewTest, theStripsControlsSayWhatTheyAreFor) {
+    const struct {
+        const char* control;
+        const char* help;
+    } rows[] = {{"modePreview", "Preview (Ctrl+2)"},
+                {"modeJSON", "JSON (Ctrl+3)"},
+                {"deviceMenu", "Preview on a device or use the current pane width"},
+                {"orientation", "Toggle preview orientation (Ctrl+R)"},
+                {"appearanceAuto", "Auto appearance"},
+                {"appearanceLight", "Light appearance"},
+                {"appearanceDark", "Dark appearance"}};
+    for (const auto& row : rows) {
+        ASSERT_TRUE(find<QAbstractButton>(row.control)) << row.control;
+        EXPECT_EQ(find<QAbstractButton>(row.control)->toolTip(), row.help);
+    }
+    for (const PreviewDevice device : allDevices()) {
+        EXPECT_TRUE(hasSymbol(symbolName(device)));
+    }
+    for (const PreviewAppearance appearance : allAppearances()) {
+        EXPECT_TRUE(hasSymbol(symbolName(appearance)));
+    }
+    EXPECT_TRUE(hasSymbol(symbolName(PreviewOrientation::portrait)));
+    EXPECT_TRUE(hasSymbol(symbolName(PreviewOrientation::landscape)));
+}
+
+TEST_F(EditorViewTest, theKeyboardStaysInTheOutline) {
+    auto* outline = find<QTreeView>("outline");
+    outline->setFocus();
+    QTest::keyClick(window, Qt::Key_3, Qt::ControlModifier);
+    ASSERT_TRUE(window->findChild<JSONSourceView*>());
+    EXPECT_EQ(window->focusWidget(), outline);
+    QTest::keyClick(window, Qt::Key_2, Qt::ControlModifier);
+    ASSERT_TRUE(window->findChild<PreviewPane*>());
+    EXPECT_EQ(window->focusWidget(), outline);
+    PreviewWebWidget& web = window->findChild<PreviewPane*>()->webWidget();
+    QSignalSpy finished(&web, &PreviewWebWidget::finished);
+    ASSERT_TRUE(waitFor([&] { return finished.count() == 1; }));
+    ::kill(static_cast<pid_t>(web.processId()), SIGKILL);
+    ASSERT_TRUE(waitFor([&] { return finished.count() == 2; }));
+    EXPECT_EQ(window->focusWidget(), outline);
+}
+
+TEST_F(EditorViewTest, theMiddleShowsTheKeyboardAfterAKeyAndNotAfterAClick) {
+    window->activateWindow();
+    ASSERT_TRUE(waitFor([&] { return window->isActiveWindow(); }));
+    const auto* ring = find<QWidget>("previewFocusRing");
+    QWidget* engine = window->findChild<PreviewPane*>()->webWidget().view()->focusProxy();
+    engine->setFocus(Qt::TabFocusReason);
+    EXPECT_TRUE(ring->isVisible());
+    EXPECT_EQ(ring->size(), window->findChild<PreviewPane*>()->size());
+    QTest::mouseClick(engine, Qt::LeftButton);
+    EXPECT_FALSE(ring->isVisible());
+    find<QTreeView>("outline")->setFocus();
+    engine->setFocus(Qt::BacktabFocusReason);
+    EXPECT_TRUE(ring->isVisible());
+    find<QTreeView>("outline")->setFocus();
+    EXPECT_FALSE(ring->isVisible());
+
+    press("modeJSON");
+    auto* json = window->findChild<JSONSourceView*>();
+    const auto edge = [&] {
+        return json->viewport()->grab().toImage().pixelColor(1, 50);
+    };
+    const QColor accent = theme().colors().accent;
+    json->setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(edge(), accent);
+    QTest::mouseClick(json->viewport(), Qt::LeftButton);
+    EXPECT_NE(edge(), accent);
+    EXPECT_TRUE(json->hasFocus());
+}
+
+TEST_F(EditorViewTest, theMenuBarShowsWhatIsChosenAndF10OpensIt) {
+    window->activateWindow();
+    ASSERT_TRUE(waitFor([&] { return window->isActiveWindow(); }));
+    QMenuBar* bar = window->menuBar();
+    const QImage plain = bar->grab().toImage();
+    const QPoint edit = bar->actionGeometry(bar->actions()[1]).center();
+    QMouseEvent move(QEvent::MouseMove, edit, bar->mapToGlobal(edit), Qt::NoButton, {}, {});
+    QApplication::sendEvent(bar, &move);
+    const QImage hovered = bar->grab().toImage();
+    EXPECT_NE(hovered, plain);
+    QTest::keyClick(window, Qt::Key_Alt, Qt::AltModifier);
+    QTest::keyClick(bar, Qt::Key_Right);
+    EXPECT_EQ(bar->activeAction(), bar->actions()[2]);
+    const QImage reached = bar->grab().toImage();
+    EXPECT_NE(reached, hovered);
+    EXPECT_NE(reached, plain);
+    QTest::keyClick(window, Qt::Key_Alt, Qt::AltModifier);
+    EXPECT_EQ(bar->grab().toImage(), plain);
+    QTest::keyClick(window, Qt::Key_F10);
+    ASSERT_TRUE(waitFor([&] { return QApplication::activePopupWidget() == bar->actions()[0]->menu(); }));
+    const QRect first = bar->actionGeometry(bar->actions()[0]);
+    EXPECT_EQ(bar->grab().toImage().pixelColor(first.left() + 3, first.center().y()),
+              theme().colors().selection);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
 }
 
 TEST_F(EditorViewTest, theJsonIsThereToReadSelectAndCopy) {

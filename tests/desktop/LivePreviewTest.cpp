@@ -2,12 +2,19 @@
 #include "WaitFor.h"
 
 #include "base/Log.h"
+#include "desktop/ImageDecoding.h"
 #include "desktop/PreviewWebWidget.h"
+#include "desktop/widgets/ProgressIndicator.h"
+#include "editor/EditorView.h"
+#include "editor/EditorWindowState.h"
 #include "editor/PreviewNote.h"
 #include "editor/PreviewPane.h"
 #include "model/ComponentTree.h"
 #include "package/NewArticle.h"
+#include "preview/ArticleDerivedContentCache.h"
+#include "support/ManualScheduler.h"
 
+#include <QAbstractButton>
 #include <QBuffer>
 #include <QDateTime>
 #include <QDropEvent>
@@ -16,7 +23,6 @@
 #include <QMimeData>
 #include <QSettings>
 #include <QSignalSpy>
-#include <QToolButton>
 #include <QWebEngineView>
 
 #include <algorithm>
@@ -98,6 +104,39 @@ TEST_F(LivePreviewTest, thePageFollowsEditsUndoSaveAndReopening) {
     session = open(m_package);
     pane = session->window().findChild<PreviewPane*>();
     EXPECT_TRUE(shows("second words"));
+}
+
+TEST_F(LivePreviewTest, aWindowRendersItsPageOnceAndNotForALookAtTheJSON) {
+    ASSERT_TRUE(waitFor([&] { return count("preview.webview.reload.finish") == 1; }));
+    auto& state = session->window().findChild<EditorView*>()->state();
+    state.setDevice(PreviewDevice::iPhone);
+    ASSERT_TRUE(waitFor([&] { return count("preview.webview.reload.finish") == 2; }));
+    EXPECT_EQ(count("preview.render.background"), 2);
+    state.setMode(PreviewMode::json);
+    state.setMode(PreviewMode::rendered);
+    ASSERT_TRUE(waitFor([&] { return count("preview.webview.reload.finish") == 3; }));
+    QTest::qWait(300);
+    EXPECT_EQ(count("preview.render.background"), 2);
+    EXPECT_EQ(count("preview.webview.reload.start"), 3);
+}
+
+TEST_F(LivePreviewTest, aSpinnerTellsThatTheFirstPageIsOnItsWay) {
+    ManualScheduler scheduler;
+    ArticleDerivedContentCache cache(decodeImage);
+    PreviewPane waiting(session->store(), cache, *m_settings, scheduler);
+    waiting.resize(600, 500);
+    waiting.show();
+    const auto* progress = waiting.findChild<ProgressIndicator*>("previewProgress");
+    EXPECT_FALSE(progress->isShowing());
+    ASSERT_TRUE(waitFor([&] { return progress->isShowing(); }));
+    EXPECT_LE((progress->geometry().center() - waiting.rect().center()).manhattanLength(), 1);
+    QSignalSpy shown(&waiting, &PreviewPane::pageShown);
+    ASSERT_TRUE(waitFor([&] {
+        scheduler.advance(0.1);
+        scheduler.settle();
+        EXPECT_EQ(progress->isShowing(), shown.isEmpty());
+        return !shown.isEmpty();
+    }));
 }
 
 TEST_F(LivePreviewTest, selectingFlashesWithoutRenderOrLoad) {
@@ -194,7 +233,7 @@ TEST_F(LivePreviewTest, theEditorOutlivesItsPagesProcessAndSaysSo) {
             ASSERT_TRUE(shows("words"));
         }
     }
-    QTest::mouseClick(note->findChild<QToolButton*>("previewNoteAction"), Qt::LeftButton);
+    QTest::mouseClick(note->findChild<QAbstractButton*>("previewNoteAction"), Qt::LeftButton);
     ASSERT_TRUE(shows("words"));
     EXPECT_FALSE(note->isVisible());
     addBody("more");

@@ -122,6 +122,35 @@ TEST_F(WebViewTest, theReaderStaysWhereHeWas) {
     EXPECT_EQ(run("window.scrollY"), "700");
 }
 
+TEST_F(WebViewTest, theWheelGoesOnWhereThePageDoesNotScroll) {
+    web.setPassesWheel(true);
+    ASSERT_TRUE(load(page("<div style='overflow-x: auto; height: 100px'><p style='width: 3000px'>wide</div>"
+                          "<div style='height: 3000px'></div>")));
+    const auto passed = [&](const QPoint& at, const QPoint& turn, Qt::KeyboardModifiers keys = {}) {
+        QSignalSpy spy(&web, &PreviewWebWidget::wheelPassed);
+        QWheelEvent event(at, web.view()->mapToGlobal(at), {}, turn, Qt::NoButton, keys, Qt::NoScrollPhase,
+                          false);
+        QApplication::sendEvent(web.view()->focusProxy(), &event);
+        run("0"); // whatever was asked before has been answered
+        return spy.isEmpty() ? QPoint() : spy[0][0].toPoint();
+    };
+    constexpr QPoint wide(50, 50);
+    constexpr QPoint below(50, 300);
+    const QPoint up(0, 120);
+    const QPoint left(120, 0);
+    EXPECT_EQ(passed(below, -left), -left);
+    EXPECT_EQ(passed(below, -up, Qt::ShiftModifier), -left);
+    EXPECT_EQ(passed(below, -up, Qt::ControlModifier), QPoint());
+    EXPECT_EQ(passed(wide, left), left) << "at the begin of what scrolls within the page";
+    EXPECT_EQ(passed(wide, -left), QPoint());
+    EXPECT_EQ(passed(below, up), up) << "at the page's begin";
+    EXPECT_EQ(passed(below, -up), QPoint());
+    run("window.scrollTo(0, 10000)");
+    EXPECT_EQ(passed(below, -up), -up) << "at the page's end";
+    web.setPassesWheel(false);
+    EXPECT_EQ(passed(below, -up), QPoint());
+}
+
 TEST_F(WebViewTest, aLoadLeavesTheKeyboardWhereItIs) {
     QLineEdit field(&window);
     field.show();
@@ -194,6 +223,28 @@ TEST_F(WebViewTest, aWebProcessThatDiesIsReplaced) {
     ASSERT_TRUE(waitFor([&] { return finishes > before; }, longestLoad));
     EXPECT_EQ(restarts.count(), 1);
     EXPECT_EQ(run("document.querySelector('p').textContent"), "kept");
+}
+
+TEST_F(WebViewTest, aNewProcessLeavesTheKeyboardWhereItIs) {
+    QLineEdit field(&window);
+    field.show();
+    window.activateWindow();
+    field.setFocus();
+    ASSERT_TRUE(waitFor([&] { return field.hasFocus(); }, longestScript));
+    ASSERT_TRUE(load(page("<p>first</p>")));
+    const auto restart = [&] {
+        const int before = finishes;
+        ::kill(static_cast<pid_t>(web.processId()), SIGKILL);
+        return waitFor([&] { return finishes > before; }, longestLoad);
+    };
+    ASSERT_TRUE(restart());
+    QTest::qWait(200);
+    EXPECT_TRUE(field.hasFocus());
+    web.view()->setFocus();
+    ASSERT_FALSE(field.hasFocus());
+    ASSERT_TRUE(restart());
+    QTest::qWait(200);
+    EXPECT_TRUE(web.view()->hasFocus()) << "nor does it take it from the page";
 }
 
 TEST_F(WebViewTest, aPageThatNeverComesToRestDoesNotKeepTheNextOneOut) {

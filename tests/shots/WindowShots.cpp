@@ -1,5 +1,6 @@
 #include "app/DocumentScene.h"
 #include "base/Time.h"
+#include "desktop/PreviewWebWidget.h"
 #include "desktop/QtScheduler.h"
 #include "desktop/WaitFor.h"
 #include "desktop/WebEngine.h"
@@ -7,6 +8,7 @@
 #include "document/EditorOperations.h"
 #include "editor/EditorWindowState.h"
 #include "editor/FindBar.h"
+#include "editor/PreviewNote.h"
 #include "package/BlankArticle.h"
 #include "package/NewArticle.h"
 #include "package/PackageFile.h"
@@ -15,6 +17,7 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <QTemporaryDir>
+#include <QWebEngineView>
 
 #include <cstdio>
 #include <set>
@@ -137,6 +140,20 @@ void shootStates(Shooter& shooter, Appearance appearance) {
         {"dark-page",
          [](Shooter::Stage& stage) {
              stage.editor->state().setAppearance(PreviewAppearance::dark);
+         }},
+        {"note",
+         [](Shooter::Stage& stage) {
+             stage.editor->preview()->findChild<PreviewNote*>()->tell(
+                 "The page has stopped its web process several times. It is tried again with your next "
+                 "change.",
+                 "Try Again");
+         }},
+        {"page-focus",
+         [](Shooter::Stage& stage) {
+             stage.window.show();
+             stage.window.activateWindow();
+             settle();
+             stage.editor->preview()->webWidget().view()->setFocus(Qt::TabFocusReason);
          }},
         {"json",
          [](Shooter::Stage& stage) {

@@ -78,6 +78,23 @@ void drawMenuItem(QPainter& painter, const QStyleOptionMenuItem& item) {
     }
 }
 
+/// An entry of the menu bar. The keyboard shows on it as long as no menu is open.
+void drawMenuBarItem(QPainter& painter, const QStyleOptionMenuItem& item, const QWidget* bar) {
+    const ThemeColors& colors = theme().colors();
+    painter.fillRect(item.rect, colors.window);
+    const ControlState state = stateOf(item);
+    const QRect body = item.rect.adjusted(0, distance::segments, 0, -distance::segments);
+    if (state.enabled && state.pressed) {
+        fillRounded(painter, body, radius::field, colors.selection);
+    } else if (item.state.testFlag(QStyle::State_Selected)) {
+        drawQuietBody(painter, body, radius::field,
+                      {.enabled = state.enabled, .hovered = true, .focused = bar && bar->hasFocus()});
+    }
+    painter.setFont(item.font);
+    painter.setPen(state.enabled ? colors.text : colors.textTertiary);
+    painter.drawText(item.rect, Qt::AlignCenter | Qt::TextSingleLine | Qt::TextHideMnemonic, item.text);
+}
+
 /// Whether no entry has a letter of its own to be reached by; such a menu is searched by typing.
 bool isWithoutLetters(const QMenu* menu) {
     return menu && std::ranges::none_of(menu->actions(), [](const QAction* entry) {
@@ -120,8 +137,13 @@ void ThemeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
         painter->fillRect(option->rect, option->palette.window());
         return;
     case PE_PanelMenu:
+        painter->fillRect(option->rect, colors.surface);
+        return;
+    case PE_PanelMenuBar:
+        return;
     case PE_PanelTipLabel:
         painter->fillRect(option->rect, colors.surface);
+        strokeRounded(*painter, option->rect, 0, colors.separator, extent::line);
         return;
     case PE_FrameMenu:
         strokeRounded(*painter, option->rect, 0, colors.separator, extent::line);
@@ -154,6 +176,15 @@ void ThemeStyle::drawControl(ControlElement element, const QStyleOption* option,
                               Qt::AlignVCenter | Qt::AlignLeft, item->text);
             return;
         }
+    }
+    if (element == CE_MenuBarEmptyArea) {
+        painter->fillRect(option->rect, theme().colors().window);
+        return;
+    }
+    if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        item && element == CE_MenuBarItem) {
+        drawMenuBarItem(*painter, *item, widget);
+        return;
     }
     if (element == CE_PushButtonLabel) {
         if (const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option)) {
@@ -214,6 +245,9 @@ QRect ThemeStyle::subControlRect(ComplexControl control, const QStyleOptionCompl
 QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                                    const QWidget* widget) const {
     QSize made = QProxyStyle::sizeFromContents(type, option, size, widget);
+    if (type == CT_MenuBarItem) {
+        made.setWidth(size.width() + 2 * distance::beside);
+    }
     if (type == CT_PushButton || type == CT_LineEdit) {
         made.setHeight(std::max(made.height(), extent::control));
     }
@@ -229,6 +263,11 @@ QSize ThemeStyle::sizeFromContents(ContentsType type, const QStyleOption* option
         made = QSize(size.width() + marks + sides + shortcut, extent::control);
     }
     return made;
+}
+
+QIcon ThemeStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+    return icon == SP_LineEditClearButton ? symbolIcon("xmark")
+                                          : QProxyStyle::standardIcon(icon, option, widget);
 }
 
 int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const {
@@ -249,6 +288,10 @@ int ThemeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, cons
         return distance::beside;
     case PM_SmallIconSize:
         return static_cast<int>(symbolExtent(symbolSize::control));
+    case PM_MenuBarItemSpacing:
+        return 0;
+    case PM_MenuBarHMargin:
+        return distance::inside;
     case PM_MenuVMargin:
         return distance::inside;
     case PM_ButtonShiftHorizontal:
@@ -266,6 +309,8 @@ int ThemeStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWid
         return theme().duration(motion::usual);
     case SH_ScrollBar_LeftClickAbsolutePosition:
         return 0;
+    case SH_MenuBar_AltKeyNavigation:
+        return 1;
     case SH_UnderlineShortcut:
         return 0;
     case SH_Menu_KeyboardSearch:

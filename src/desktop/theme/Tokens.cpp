@@ -17,7 +17,6 @@ ThemeColors lightColors() {
     ThemeColors colors;
     colors.window = color(0xF5F5F7);
     colors.sidebar = color(0xEFEFF2);
-    colors.canvas = color(0xE6E6EA);
     colors.surface = color(0xFFFFFF);
     colors.separator = color(0x3C3C43, 0.18);
     colors.text = color(0x1D1D1F);
@@ -45,7 +44,6 @@ ThemeColors darkColors() {
     ThemeColors colors;
     colors.window = color(0x1E1E20);
     colors.sidebar = color(0x232326);
-    colors.canvas = color(0x151517);
     colors.surface = color(0x2A2A2D);
     colors.separator = color(0xEBEBF5, 0.16);
     colors.text = color(0xF5F5F7);
@@ -75,6 +73,9 @@ ThemeColors completed(ThemeColors colors) {
     colors.pillSelected = faded(colors.accent, 0.28);
     colors.pillOutline = faded(colors.separator, 0.45);
     colors.columnLine = faded(colors.separator, 0.55);
+    colors.frameShadow = color(0x000000, 0.12);
+    colors.frameOutline = faded(colors.textSecondary, 0.22);
+    colors.overPage = faded(colors.surface, 0.97);
     return colors;
 }
 

@@ -4,6 +4,7 @@
 #include "desktop/theme/Theme.h"
 #include "desktop/widgets/WidgetState.h"
 
+#include <QAccessibleWidget>
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QPainter>
@@ -15,9 +16,55 @@ namespace quillon {
 
 namespace {
 
-constexpr int paddingWithChevron = 4;
-constexpr int paddingWithoutChevron = 2;
-constexpr int smallestSide = 28;
+constexpr int paddingWithChevron = distance::inside;
+constexpr int paddingWithoutChevron = distance::segments;
+
+/// Says of a button what it does: opens a menu, is one of several, or just acts.
+class ToolbarButtonAccessible : public QAccessibleWidget {
+public:
+    explicit ToolbarButtonAccessible(ToolbarButton& button) : QAccessibleWidget(&button), m_button(button) {}
+
+    QAccessible::Role role() const override {
+        if (m_button.hasMenu()) {
+            return QAccessible::ButtonMenu;
+        }
+        return m_button.isCheckable() ? QAccessible::RadioButton : QAccessible::Button;
+    }
+    QAccessible::State state() const override {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.hasPopup = m_button.hasMenu();
+        state.checkable = m_button.isCheckable();
+        state.checked = m_button.isChecked();
+        state.selected = m_button.isChecked();
+        state.pressed = m_button.isDown();
+        return state;
+    }
+    QStringList actionNames() const override {
+        if (!m_button.isEnabled()) {
+            return {};
+        }
+        const bool isChoice = m_button.isCheckable();
+        return {m_button.hasMenu() ? showMenuAction()
+                : isChoice         ? toggleAction()
+                                   : pressAction(),
+                setFocusAction()};
+    }
+    void doAction(const QString& action) override {
+        if (action == setFocusAction()) {
+            QAccessibleWidget::doAction(action);
+        } else if (actionNames().contains(action)) {
+            m_button.click();
+        }
+    }
+
+private:
+    ToolbarButton& m_button;
+};
+
+QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+    auto* button = qobject_cast<ToolbarButton*>(object);
+    return button ? new ToolbarButtonAccessible(*button) : nullptr;
+}
 
 QFont titleFont(bool isChosen) {
     return theme().font(TextSize::Body, isChosen ? QFont::DemiBold : QFont::Normal);
@@ -26,6 +73,8 @@ QFont titleFont(bool isChosen) {
 } // namespace
 
 ToolbarButton::ToolbarButton(QWidget* parent) : QAbstractButton(parent) {
+    // Installing the same one again changes nothing.
+    QAccessible::installFactory(makeAccessible);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
@@ -119,7 +168,7 @@ QSize ToolbarLooseControlLabel::sizeHint() const {
                 QFontMetrics(titleFont(false)).horizontalAdvance(text());
     width += hasChevron ? distance::iconToText + static_cast<int>(symbolExtent(symbolSize::chevron)) : 0;
     width += 2 * (hasChevron ? paddingWithChevron : paddingWithoutChevron);
-    return {std::max(width, smallestSide), smallestSide};
+    return {std::max(width, extent::pillSymbol), extent::pillSymbol};
 }
 
 void ToolbarLooseControlLabel::paintContent(QPainter& painter) {

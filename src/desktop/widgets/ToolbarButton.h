@@ -17,6 +17,7 @@ public:
 
     /// Opens below the control when it is pressed or, with the keyboard, by Space, Return and Down.
     void setMenu(QMenu* menu);
+    bool hasMenu() const { return m_menu != nullptr; }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -8,8 +8,9 @@
 
 namespace quillon {
 
-ToolbarControlPill::ToolbarControlPill(int spacing, QWidget* parent)
+ToolbarControlPill::ToolbarControlPill(const QString& name, int spacing, QWidget* parent)
     : QWidget(parent), m_row(new QHBoxLayout(this)) {
+    setAccessibleName(name);
     m_row->setContentsMargins(distance::pillInset, distance::pillInset, distance::pillInset,
                               distance::pillInset);
     m_row->setSpacing(spacing);
@@ -19,6 +20,15 @@ ToolbarControlPill::ToolbarControlPill(int spacing, QWidget* parent)
 
 void ToolbarControlPill::add(QWidget* control) {
     m_row->addWidget(control);
+}
+
+void ToolbarControlPill::addChoice(QAbstractButton* choice) {
+    choice->setCheckable(true);
+    choice->setAutoExclusive(true);
+    choice->setFocusPolicy(Qt::NoFocus);
+    connect(choice, &QAbstractButton::toggled, choice,
+            [choice](bool isChosen) { choice->setFocusPolicy(isChosen ? Qt::TabFocus : Qt::NoFocus); });
+    add(choice);
 }
 
 void ToolbarControlPill::paintEvent(QPaintEvent*) {

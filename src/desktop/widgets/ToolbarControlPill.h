@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractButton>
 #include <QHBoxLayout>
 #include <QWidget>
 
@@ -10,10 +11,14 @@ class ToolbarControlPill : public QWidget {
     Q_OBJECT
 
 public:
-    /// `spacing` is the distance between its controls, in points.
-    ToolbarControlPill(int spacing, QWidget* parent);
+    /// `name` says what its controls are for; it is read aloud. `spacing` is the distance between them, in
+    /// points.
+    ToolbarControlPill(const QString& name, int spacing, QWidget* parent);
 
     void add(QWidget* control);
+    /// Adds one of several of which one is chosen at a time: the keyboard comes to the chosen one only, and
+    /// the arrow keys move the choice.
+    void addChoice(QAbstractButton* choice);
 
 protected:
     void paintEvent(QPaintEvent* event) override;

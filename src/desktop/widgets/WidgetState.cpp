@@ -25,6 +25,18 @@ ControlState widgetState(const QWidget& widget) {
     return state;
 }
 
+void followFocusReason(bool& isByKeyboard, Qt::FocusReason reason) {
+    switch (reason) {
+    case Qt::ActiveWindowFocusReason:
+    case Qt::PopupFocusReason:
+    case Qt::MenuBarFocusReason:
+        return;
+    default:
+        isByKeyboard = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
+                       reason == Qt::ShortcutFocusReason;
+    }
+}
+
 void pretendState(QWidget& widget, const ControlState& state) {
     widget.setProperty(pretended, QVariant::fromValue(state));
     widget.setEnabled(state.enabled);

@@ -21,11 +21,6 @@ namespace quillon {
 
 namespace {
 
-constexpr int appearanceWidth = 28;
-constexpr int appearanceHeight = 25;
-constexpr int choiceSpacing = 2;
-constexpr int deviceSpacing = 5;
-
 QString text(std::string_view value) {
     return QString::fromUtf8(value.data(), static_cast<qsizetype>(value.size()));
 }
@@ -51,25 +46,21 @@ struct ToolbarPreviewControlStrip::Parts {
 };
 
 void ToolbarPreviewControlStrip::Parts::makeModePill(QWidget* parent) {
-    auto* pill = new ToolbarControlPill(choiceSpacing, parent);
+    auto* pill = new ToolbarControlPill(tr("View"), distance::segments, parent);
     modePill = pill;
     for (const PreviewMode mode : {PreviewMode::rendered, PreviewMode::json}) {
         auto* button = new ToolbarModeButton(text(title(mode)), pill);
         button->setObjectName(QStringLiteral("mode") + text(title(mode)));
         button->setToolTip(keys::withKey(text(title(mode)),
                                          mode == PreviewMode::rendered ? keys::showPreview : keys::showJSON));
-        connect(button, &QAbstractButton::clicked, pill, [this, mode] {
-            state.setMode(mode);
-            // The press on the chosen one has taken its mark away.
-            Q_EMIT state.changed();
-        });
+        connect(button, &QAbstractButton::clicked, pill, [this, mode] { state.setMode(mode); });
         modes.emplace_back(mode, button);
-        pill->add(button);
+        pill->addChoice(button);
     }
 }
 
 void ToolbarPreviewControlStrip::Parts::makeDevicePill(QWidget* parent) {
-    devicePill = new ToolbarControlPill(deviceSpacing, parent);
+    devicePill = new ToolbarControlPill(tr("Device"), distance::iconToText, parent);
     device = new ToolbarLooseControlLabel(Chevron::shown, devicePill);
     device->setObjectName(QStringLiteral("deviceMenu"));
     device->setToolTip(tr("Preview on a device or use the current pane width"));
@@ -97,19 +88,16 @@ void ToolbarPreviewControlStrip::Parts::makeDevicePill(QWidget* parent) {
 }
 
 void ToolbarPreviewControlStrip::Parts::makeAppearancePill(QWidget* parent) {
-    appearancePill = new ToolbarControlPill(choiceSpacing, parent);
+    appearancePill = new ToolbarControlPill(tr("Appearance"), distance::segments, parent);
     for (const PreviewAppearance each : allAppearances()) {
-        auto* button =
-            new ToolbarSymbolButton(std::string(symbolName(each)), text(rawValue(each)) + tr(" appearance"),
-                                    {appearanceWidth, appearanceHeight}, appearancePill);
+        auto* button = new ToolbarSymbolButton(std::string(symbolName(each)),
+                                               tr("%1 appearance").arg(text(rawValue(each))),
+                                               {extent::pillSymbol, extent::pillControl}, appearancePill);
         button->setObjectName(QStringLiteral("appearance") + text(rawValue(each)));
-        button->setCheckable(true);
-        connect(button, &QAbstractButton::clicked, appearancePill, [this, each] {
-            state.setAppearance(each);
-            Q_EMIT state.changed();
-        });
+        connect(button, &QAbstractButton::clicked, appearancePill,
+                [this, each] { state.setAppearance(each); });
         appearances.emplace_back(each, button);
-        appearancePill->add(button);
+        appearancePill->addChoice(button);
     }
 }
 
