@@ -13,7 +13,6 @@
 #include "editor/inspectors/InspectorColumn.h"
 #include "editor/outline/ComponentOutlineView.h"
 #include "editor/outline/OutlineDragging.h"
-#include "model/ComponentTree.h"
 #include "preview/ArticleDerivedContentCache.h"
 
 #include <QPainter>
@@ -213,12 +212,8 @@ void EditorView::showPreview() {
         parts.middle->layout()->addWidget(parts.preview.get());
         parts.preview->show();
         connect(parts.preview.get(), &PreviewPane::pageShown, this, &EditorView::pageShown);
-        connect(parts.preview.get(), &PreviewPane::componentClicked, this, [&parts](const QString& id) {
-            const auto component = parseUuid(id.toStdString());
-            if (component && findComponent(*component, parts.store.article().components)) {
-                parts.store.select(EditorSelection::ofComponent(*component));
-            }
-        });
+        connect(parts.preview.get(), &PreviewPane::componentClicked, this,
+                [&parts](const Uuid& id) { parts.store.select(EditorSelection::ofComponent(id)); });
     }
     parts.preview->setChoice(parts.state.choice());
 }

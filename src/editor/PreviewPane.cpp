@@ -8,6 +8,7 @@
 #include "desktop/widgets/ProgressIndicator.h"
 #include "editor/PreviewNote.h"
 #include "editor/PreviewStage.h"
+#include "model/ComponentTree.h"
 #include "preview/ArticlePreviewView.h"
 #include "preview/ResponsiveArticlePreview.h"
 
@@ -82,7 +83,13 @@ PreviewPane::PreviewPane(DocumentStore& store, ArticleDerivedContentCache& cache
     connect(&settings, &Settings::changed, this, [&parts] { parts.followState(); });
     connect(&parts.web, &PreviewWebWidget::wheelPassed, &parts.stage, &PreviewStage::turnWheel);
     connect(&parts.web, &PreviewWebWidget::keyboardShown, &parts.stage, &PreviewStage::showKeyboard);
-    connect(&parts.web, &PreviewWebWidget::componentClicked, this, &PreviewPane::componentClicked);
+    connect(&parts.web, &PreviewWebWidget::componentClicked, this, [this, &parts](const QString& text) {
+        const auto id = parseUuid(text.toStdString());
+        if (id && findComponent(*id, parts.store.article().components)) {
+            parts.coordinator.noteSeen(*id);
+            Q_EMIT componentClicked(*id);
+        }
+    });
     connect(&parts.web, &PreviewWebWidget::finished, this, &PreviewPane::pageShown);
     connect(&parts.web, &PreviewWebWidget::restarted, this, [this, &parts](bool isWaiting) {
         if (isWaiting) {

@@ -39,8 +39,8 @@ public:
     PreviewWebWidget& webWidget() const;
 
 Q_SIGNALS:
-    /// A component was clicked in the page; `id` is whatever the page says.
-    void componentClicked(const QString& id);
+    /// A component was clicked in the page.
+    void componentClicked(const Uuid& id);
     /// A page is complete on the screen.
     void pageShown();
 

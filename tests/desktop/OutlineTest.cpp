@@ -375,8 +375,10 @@ TEST_F(OutlineTest, aClickInThePageSelectsWhatWasClicked) {
     };
     const std::string quoteSelector = "[data-component-id=\"" + quote.id.text() + "\"]";
     ASSERT_TRUE(wait([&] { return !placeOf(quoteSelector).isNull(); }));
-    click(placeOf(quoteSelector));
+    const QPoint before = placeOf(quoteSelector);
+    click(before);
     EXPECT_TRUE(wait([&] { return isSelected(quote); }));
+    EXPECT_EQ(placeOf(quoteSelector), before) << "the page stays where it is under the pointer";
     click(placeOf("a"));
     EXPECT_FALSE(waitFor([&] { return !isSelected(quote); }, std::chrono::milliseconds(400)))
         << "a link is the page's";
