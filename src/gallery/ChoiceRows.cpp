@@ -92,7 +92,7 @@ GalleryRow checkBoxes(const QString& name, std::optional<bool> value) {
 /// Two buttons in a pill, of which the second shows the state.
 GalleryRow pills() {
     return rowOfStates(text("Toolbar pill"), [](QWidget* parent, const ControlState& state) {
-        auto* pill = new ToolbarControlPill(distance::segments, parent);
+        auto* pill = new ToolbarControlPill(text("View"), distance::segments, parent);
         const QSize side(extent::pillSymbol, extent::pillSymbol);
         pill->add(new ToolbarModeButton(text("Preview"), pill));
         auto* symbol = new ToolbarSymbolButton("sun.max", text("Light"), side, pill);

@@ -27,9 +27,11 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QToolTip>
 #include <QTreeView>
 #include <QWebEngineView>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 
@@ -95,6 +97,13 @@ TEST_F(EditorViewTest, devicesFramesAndOrientation) {
     press("orientation");
     EXPECT_EQ(find<QAbstractButton>("orientation")->accessibleName(), "Landscape");
     EXPECT_EQ(pageSize(), QSize(852, 393));
+    ASSERT_TRUE(waitFor([&] { return widthInPage() == "852"; }));
+    QWidget* engine = window->findChild<PreviewPane*>()->webWidget().view()->focusProxy();
+    QWheelEvent wheel({50, 50}, engine->mapToGlobal(QPoint(50, 50)), {}, {0, -120}, Qt::NoButton,
+                      Qt::ShiftModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(engine, &wheel);
+    EXPECT_TRUE(waitFor([&] { return stage->horizontalScrollBar()->value() > 0; }))
+        << "the frame scrolls below the pointer where its page does not";
     chooseDevice("Mac");
     EXPECT_FALSE(find<QAbstractButton>("orientation")->isEnabled());
     EXPECT_EQ(pageSize().width(), 1180);
@@ -174,6 +183,14 @@ TEST_F(EditorViewTest, theStripsControlsSayWhatTheyAreFor) {
         ASSERT_TRUE(find<QAbstractButton>(row.control)) << row.control;
         EXPECT_EQ(find<QAbstractButton>(row.control)->toolTip(), row.help);
     }
+    QToolTip::showText(window->pos(), "Outlined");
+    const QWidgetList all = QApplication::topLevelWidgets();
+    const auto tip = std::ranges::find_if(all, [](QWidget* each) { return each->inherits("QTipLabel"); });
+    ASSERT_NE(tip, all.end());
+    const QImage shown = (*tip)->grab().toImage();
+    EXPECT_EQ(shown.pixelColor(2, 2), theme().colors().surface);
+    EXPECT_NE(shown.pixelColor(0, 2), theme().colors().surface);
+    QToolTip::hideText();
     for (const PreviewDevice device : allDevices()) {
         EXPECT_TRUE(hasSymbol(symbolName(device)));
     }
