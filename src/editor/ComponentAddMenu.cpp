@@ -1,6 +1,7 @@
 #include "editor/ComponentAddMenu.h"
 
 #include "desktop/DocumentText.h"
+#include "desktop/QtText.h"
 #include "desktop/theme/Symbols.h"
 #include "document/AddMenu.h"
 
@@ -9,14 +10,11 @@ namespace quillon {
 void fillComponentAddMenu(QMenu& menu, const std::function<void(const ComponentRole&)>& onAdd) {
     for (const AddMenuSection& section : addMenuSections()) {
         // One list of all of them would be higher than most screens.
-        QMenu* sub = menu.addMenu(
-            QLatin1Char('&') +
-            menuText(QString::fromUtf8(section.title.data(), static_cast<qsizetype>(section.title.size()))));
+        QMenu* sub = menu.addMenu(QLatin1Char('&') + menuText(qtText(section.title)));
         for (const ComponentRole role : section.roles) {
             QAction* action = sub->addAction(symbolIcon(role.symbolName()),
                                              menuText(QString::fromStdString(role.displayName())));
-            action->setObjectName(QStringLiteral("add.") +
-                                  QString::fromStdString(std::string(role.rawValue())));
+            action->setObjectName(QStringLiteral("add.") + qtText(role.rawValue()));
             QObject::connect(action, &QAction::triggered, &menu, [onAdd, role] { onAdd(role); });
         }
     }

@@ -28,7 +28,7 @@ TEST_F(DocumentsTest, openEditUndoRedoSave) {
     setTitle(*session, "Second & last");
     EXPECT_EQ(window.windowTitle(), "Second & last[*] — Trip");
     EXPECT_TRUE(window.isWindowModified());
-    EXPECT_EQ(window.findChild<QAction*>("undo")->text(), "Undo Change Title");
+    EXPECT_EQ(window.findChild<QAction*>("undo")->text(), "&Undo Change Title");
     QTest::keyClick(&window, Qt::Key_Z, Qt::ControlModifier);
     EXPECT_EQ(title(*session), "First");
     EXPECT_FALSE(window.isWindowModified());

@@ -2,6 +2,7 @@
 
 #include "base/Time.h"
 #include "desktop/DocumentText.h"
+#include "desktop/QtText.h"
 #include "desktop/theme/Symbols.h"
 #include "editor/commands/MenuItem.h"
 #include "package/GeneratedArticle.h"
@@ -11,10 +12,6 @@
 namespace quillon {
 
 namespace {
-
-QString text(std::string_view value) {
-    return QString::fromUtf8(value.data(), static_cast<qsizetype>(value.size()));
-}
 
 std::int64_t now() {
     return static_cast<std::int64_t>(wallClockSeconds());
@@ -28,12 +25,12 @@ void GenerateCommands::addTo(QMenu& fileMenu) const {
     auto* templates = new QMenu(QObject::tr("New from &Template"), &fileMenu);
     templates->setObjectName(QStringLiteral("templateMenu"));
     for (const ArticleTemplate::Category category : allTemplateCategories) {
-        templates->addSection(text(rawValue(category)));
+        templates->addSection(qtText(rawValue(category)));
         for (const ArticleTemplate& each : allTemplates()) {
             if (each.category == category) {
                 QAction* action =
-                    templates->addAction(symbolIcon(each.systemImage), menuText(text(each.title)));
-                action->setObjectName(QStringLiteral("template.") + text(each.id));
+                    templates->addAction(symbolIcon(each.systemImage), menuText(qtText(each.title)));
+                action->setObjectName(QStringLiteral("template.") + qtText(each.id));
                 QObject::connect(action, &QAction::triggered, templates, [open = newDocument, &each] {
                     open(makeNewDocument(each.makeArticle(now())));
                 });

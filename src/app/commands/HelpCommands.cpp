@@ -2,6 +2,7 @@
 
 #include "base/endpoints.h"
 #include "desktop/DocumentWindow.h"
+#include "desktop/QtText.h"
 #include "desktop/Questions.h"
 #include "editor/commands/MenuItem.h"
 
@@ -13,15 +14,11 @@ namespace quillon {
 
 namespace {
 
-QString text(std::string_view value) {
-    return QString::fromUtf8(value.data(), static_cast<qsizetype>(value.size()));
-}
-
 void tellAbout(QWidget& window) {
     ask(&window, {.name = QStringLiteral("aboutBox"),
                   .text = QStringLiteral("Quillon %1").arg(QApplication::applicationVersion()),
                   .detail = QObject::tr("An editor for articles in Apple News Format.\n%1")
-                                .arg(text(endpoints::productHome)),
+                                .arg(qtText(endpoints::productHome)),
                   .answers = {{QObject::tr("OK"), QMessageBox::AcceptRole, {}}},
                   .symbol = "newspaper"});
 }
@@ -31,7 +28,7 @@ void tellAbout(QWidget& window) {
 void HelpCommands::addTo(DocumentWindow& window) const {
     QMenu& menu = window.menu(WindowMenu::Help);
     addMenuItem(menu, {"documentation", QObject::tr("Apple News Format Documentation"), {}, [] {
-                           QDesktopServices::openUrl(QUrl(text(endpoints::formatDocumentation)));
+                           QDesktopServices::openUrl(QUrl(qtText(endpoints::formatDocumentation)));
                        }});
     menu.addSeparator();
     // On a desktop with one menu bar for the program these two stand in the program's own menu.

@@ -1,6 +1,7 @@
 #include "editor/commands/EditorCommands.h"
 
 #include "desktop/DocumentWindow.h"
+#include "desktop/QtText.h"
 #include "desktop/Settings.h"
 #include "desktop/theme/Symbols.h"
 #include "editor/EditorView.h"
@@ -12,14 +13,6 @@
 #include <vector>
 
 namespace quillon {
-
-namespace {
-
-QString text(std::string_view value) {
-    return QString::fromUtf8(value.data(), static_cast<qsizetype>(value.size()));
-}
-
-} // namespace
 
 struct EditorCommands::Parts {
     DocumentWindow& window;
@@ -63,7 +56,7 @@ void EditorCommands::addModes() {
     const auto add = [&](PreviewMode mode, const char* name, const char* key) {
         parts.addMarked(parts.menu,
                         {name,
-                         text(title(mode)),
+                         qtText(title(mode)),
                          {QKeySequence(QLatin1String(key))},
                          [&parts, mode] {
                              parts.state.setMode(mode);
@@ -86,7 +79,7 @@ void EditorCommands::addChoices() {
     for (const PreviewDevice device : allDevices()) {
         parts.addMarked(*devices,
                         {"",
-                         text(rawValue(device)),
+                         qtText(rawValue(device)),
                          {},
                          [&parts, device] {
                              parts.state.setDevice(device);
@@ -105,7 +98,7 @@ void EditorCommands::addChoices() {
     for (const PreviewAppearance appearance : allAppearances()) {
         parts.addMarked(*appearances,
                         {"",
-                         text(rawValue(appearance)),
+                         qtText(rawValue(appearance)),
                          {},
                          [&parts, appearance] {
                              parts.state.setAppearance(appearance);

@@ -1,5 +1,6 @@
 #include "editor/toolbar/ToolbarPreviewControlStrip.h"
 
+#include "desktop/QtText.h"
 #include "desktop/theme/Motion.h"
 #include "desktop/theme/Symbols.h"
 #include "desktop/theme/Theme.h"
@@ -18,14 +19,6 @@
 #include <vector>
 
 namespace quillon {
-
-namespace {
-
-QString text(std::string_view value) {
-    return QString::fromUtf8(value.data(), static_cast<qsizetype>(value.size()));
-}
-
-} // namespace
 
 struct ToolbarPreviewControlStrip::Parts {
     explicit Parts(EditorWindowState& theState) : state(theState) {}
@@ -49,9 +42,9 @@ void ToolbarPreviewControlStrip::Parts::makeModePill(QWidget* parent) {
     auto* pill = new ToolbarControlPill(tr("View"), distance::segments, parent);
     modePill = pill;
     for (const PreviewMode mode : {PreviewMode::rendered, PreviewMode::json}) {
-        auto* button = new ToolbarModeButton(text(title(mode)), pill);
-        button->setObjectName(QStringLiteral("mode") + text(title(mode)));
-        button->setToolTip(keys::withKey(text(title(mode)),
+        auto* button = new ToolbarModeButton(qtText(title(mode)), pill);
+        button->setObjectName(QStringLiteral("mode") + qtText(title(mode)));
+        button->setToolTip(keys::withKey(qtText(title(mode)),
                                          mode == PreviewMode::rendered ? keys::showPreview : keys::showJSON));
         connect(button, &QAbstractButton::clicked, pill, [this, mode] { state.setMode(mode); });
         modes.emplace_back(mode, button);
@@ -67,14 +60,14 @@ void ToolbarPreviewControlStrip::Parts::makeDevicePill(QWidget* parent) {
     auto* menu = new QMenu(device);
     auto* group = new QActionGroup(menu);
     for (const PreviewDevice each : allDevices()) {
-        QAction* action = menu->addAction(symbolIcon(symbolName(each)), text(rawValue(each)));
+        QAction* action = menu->addAction(symbolIcon(symbolName(each)), qtText(rawValue(each)));
         action->setCheckable(true);
         group->addAction(action);
         connect(action, &QAction::triggered, menu, [this, each] { state.setDevice(each); });
     }
     connect(menu, &QMenu::aboutToShow, menu, [this, menu] {
         for (QAction* action : menu->actions()) {
-            action->setChecked(action->text() == text(rawValue(state.choice().device)));
+            action->setChecked(action->text() == qtText(rawValue(state.choice().device)));
         }
     });
     device->setMenu(menu);
@@ -91,9 +84,9 @@ void ToolbarPreviewControlStrip::Parts::makeAppearancePill(QWidget* parent) {
     appearancePill = new ToolbarControlPill(tr("Appearance"), distance::segments, parent);
     for (const PreviewAppearance each : allAppearances()) {
         auto* button = new ToolbarSymbolButton(std::string(symbolName(each)),
-                                               tr("%1 appearance").arg(text(rawValue(each))),
+                                               tr("%1 appearance").arg(qtText(rawValue(each))),
                                                {extent::pillSymbol, extent::pillControl}, appearancePill);
-        button->setObjectName(QStringLiteral("appearance") + text(rawValue(each)));
+        button->setObjectName(QStringLiteral("appearance") + qtText(rawValue(each)));
         connect(button, &QAbstractButton::clicked, appearancePill,
                 [this, each] { state.setAppearance(each); });
         appearances.emplace_back(each, button);
@@ -131,8 +124,8 @@ void ToolbarPreviewControlStrip::refresh() {
         button->setChecked(mode == state.mode());
     }
     const bool isRendered = state.mode() == PreviewMode::rendered;
-    m_parts->device->setContent(text(rawValue(choice.device)), std::string(symbolName(choice.device)));
-    m_parts->orientation->setContent(text(rawValue(choice.orientation)),
+    m_parts->device->setContent(qtText(rawValue(choice.device)), std::string(symbolName(choice.device)));
+    m_parts->orientation->setContent(qtText(rawValue(choice.orientation)),
                                      std::string(symbolName(choice.orientation)));
     m_parts->orientation->setEnabled(supportsOrientation(choice.device));
     for (const auto& [appearance, button] : m_parts->appearances) {
