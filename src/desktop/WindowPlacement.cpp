@@ -42,9 +42,8 @@ void placeInitially(QWidget& window) {
 
 void afterPlacement(QObject& context, std::function<void()> action) {
     // The first turn may come before that of a window whose contents were shown before itself.
-    QTimer::singleShot(0, &context, [&context, action = std::move(action)] {
-        QTimer::singleShot(0, &context, action);
-    });
+    QTimer::singleShot(0, &context,
+                       [&context, action = std::move(action)] { QTimer::singleShot(0, &context, action); });
 }
 
 } // namespace quillon

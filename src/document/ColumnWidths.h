@@ -22,8 +22,8 @@ struct ColumnWidths {
 
 /// The columns in a window `total` wide where outline and inspector are wanted as wide as `wanted` says and
 /// `shown` says which of them stand at all; one that does not is 0 wide. Where room is short the outline
-/// gives way first, then the inspector, each down to its smallest width; where that does not do, the inspector
-/// does not stand, and then the outline neither.
+/// gives way first, then the inspector, each down to its smallest width; where that does not do, the
+/// inspector does not stand, and then the outline neither.
 ColumnWidths fitColumns(int total, const ColumnWidths& wanted, const Sidebars& shown);
 
 } // namespace quillon

@@ -40,8 +40,8 @@ public:
     /// Assets have other contents under the same names and sizes, which no fingerprint tells: the next update
     /// loads the page again.
     void forgetAssets();
-    /// The reader has pointed at a component of the page: when it gets the focus next, the page need not scroll
-    /// to it.
+    /// The reader has pointed at a component of the page: when it gets the focus next, the page need not
+    /// scroll to it.
     void noteSeen(const Uuid& id) { m_lastFocusedComponentID = id; }
     NavigationPolicy navigationPolicy(const std::optional<std::string>& url) const override;
     void didFinish() override;

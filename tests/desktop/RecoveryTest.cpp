@@ -84,7 +84,8 @@ protected:
         m_settings =
             std::make_unique<Settings>(QString::fromStdString(m_folder + "/config/Other.ini"), nullptr);
         m_controller = std::make_unique<DocumentController>(
-            m_scheduler, *m_settings, [](DocumentStore&, DocumentWindow& window) { return new QWidget(&window); },
+            m_scheduler, *m_settings,
+            [](DocumentStore&, DocumentWindow& window) { return new QWidget(&window); },
             m_folder + "/state/recovery");
     }
 

@@ -36,7 +36,8 @@ struct ThemeColors {
     QColor matchCurrent; ///< see-through: behind the one it is at
     QColor columnLine;   ///< see-through: between the columns of a window
     QColor shadow;       ///< see-through
-    QColor frameShadow;  ///< see-through: of a page in a device's frame, before it is blurred; in both appearances
+    QColor frameShadow;  ///< see-through: of a page in a device's frame, before it is blurred; in both
+                         ///< appearances
     QColor frameOutline; ///< see-through: of that page
     QColor overPage;     ///< almost opaque: behind text that lies over a page of whatever colour
 };
@@ -74,7 +75,7 @@ constexpr int card = 12; ///< large ones
 namespace extent {
 constexpr int control = 28; ///< height of a field or button
 constexpr int largeControl = 34;
-constexpr int toolbar = 52; ///< height of the row at the top of a window
+constexpr int toolbar = 52;       ///< height of the row at the top of a window
 constexpr int pillControl = 25;   ///< height of a titled button in a pill
 constexpr int pillSymbol = 28;    ///< width, or side, of a button in a pill that shows a symbol
 constexpr int toolbarButton = 36; ///< width of a button that stands in the toolbar by itself
