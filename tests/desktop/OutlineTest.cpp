@@ -241,6 +241,15 @@ TEST_F(OutlineTest, isWalkedByTheKeyboard) {
     QTest::qSleep(QApplication::keyboardInputInterval() + 10);
     QTest::keyClicks(outline, "zeb");
     EXPECT_TRUE(isSelected(quote)) << "by what it says";
+    QTest::qSleep(QApplication::keyboardInputInterval() + 10);
+    key(Qt::Key_Home);
+    QTest::keyClicks(outline, "s");
+    EXPECT_TRUE(isSelected(body)) << "which says Some words";
+    QTest::keyClicks(outline, "e");
+    EXPECT_TRUE(isSelected(section));
+    QTest::qSleep(QApplication::keyboardInputInterval() + 10);
+    QTest::keyClicks(outline, "ss");
+    EXPECT_TRUE(isSelected(section)) << "round past the other one";
     store().select(EditorSelection::ofComponent(caption.id));
     outline->collapse(row(&section));
     EXPECT_TRUE(isSelected(section)) << "what is hidden is not selected";

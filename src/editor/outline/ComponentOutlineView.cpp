@@ -299,16 +299,14 @@ void ComponentOutlineView::keyboardSearch(const QString& search) {
         return below.isValid() ? below : m_model.articleIndex();
     };
     QModelIndex index = isNew || isOneLetter ? next(start) : start;
-    while (!matches(index, wanted)) {
-        if (index == start) {
+    const QModelIndex first = index;
+    do {
+        if (matches(index, wanted)) {
+            setCurrentIndex(index);
             return;
         }
         index = next(index);
-        if (index == start && !matches(index, wanted)) {
-            return;
-        }
-    }
-    setCurrentIndex(index);
+    } while (index != first);
 }
 
 /// Sideways the wheel, which two fingers turn, pushes the row below the pointer aside.
