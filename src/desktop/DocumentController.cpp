@@ -2,6 +2,7 @@
 
 #include "base/Time.h"
 #include "desktop/Background.h"
+#include "desktop/DeleteAtRest.h"
 #include "desktop/DocumentText.h"
 #include "desktop/DocumentWindow.h"
 #include "desktop/PackagePath.h"
@@ -119,7 +120,7 @@ void DocumentController::remove(DocumentSession* session) {
             });
         });
         // Its window may be in the middle of an event.
-        entry->session.release()->deleteLater();
+        deleteAtRest(entry->session.release());
         m_sessions.erase(entry);
     }
 }

@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QLocale>
 
+#include <algorithm>
+
 namespace quillon {
 
 QString shownPath(const std::string& path) {
@@ -16,6 +18,13 @@ QString shownPath(const std::string& path) {
 
 QString shownFolderName(const std::string& path) {
     return QString::fromStdString(folderName(path));
+}
+
+QString shownLine(const std::string& text) {
+    constexpr qsizetype longest = 300;
+    constexpr qsizetype bytesOfLetter = 4;
+    const auto bytes = std::min<qsizetype>(static_cast<qsizetype>(text.size()), bytesOfLetter * longest);
+    return QString::fromUtf8(text.data(), bytes).left(longest).simplified();
 }
 
 QString shownTitle(const std::string& title) {

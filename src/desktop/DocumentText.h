@@ -17,6 +17,9 @@ QString shownPath(const std::string& path);
 /// The last piece of a path.
 QString shownFolderName(const std::string& path);
 
+/// The beginning of a text that may be of any length, on one line: more than any line of the window shows.
+QString shownLine(const std::string& text);
+
 /// The article's title on one line, "Untitled" where it has none.
 QString shownTitle(const std::string& title);
 

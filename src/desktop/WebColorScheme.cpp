@@ -82,8 +82,9 @@ void WebColorScheme::send() {
 }
 
 void WebColorScheme::check(Scheme sent, const QString& value) {
+    // A page that goes away answers with nothing.
     const auto sendAgain = [self = QPointer<WebColorScheme>(this), sent](const QVariant& matches) {
-        if (self && sent == self->m_parts->scheme && !matches.toBool() &&
+        if (self && matches.isValid() && sent == self->m_parts->scheme && !matches.toBool() &&
             ++self->m_parts->attempts < mostAttempts) {
             self->send();
         }

@@ -9,6 +9,8 @@
 #include <QWebEngineFullScreenRequest>
 #include <QWebEngineQuotaRequest>
 #include <QWebEngineRegisterProtocolHandlerRequest>
+#include <QWebEngineScript>
+#include <QWebEngineScriptCollection>
 #include <QWebEngineSettings>
 
 #include <array>
@@ -44,6 +46,21 @@ constexpr auto attributes = std::to_array<std::pair<Attribute, bool>>({
     {QWebEngineSettings::WebRTCPublicInterfacesOnly, true},
 });
 
+/// Nothing is dragged out of a page: the engine would run an event loop of its own meanwhile, in which the
+/// page could go.
+QWebEngineScript withoutDrags() {
+    QWebEngineScript script;
+    script.setName(QStringLiteral("withoutDrags"));
+    script.setSourceCode(QStringLiteral("window.addEventListener('dragstart', (event) => {"
+                                        "  event.preventDefault();"
+                                        "  event.stopImmediatePropagation();"
+                                        "}, true);"));
+    script.setInjectionPoint(QWebEngineScript::DocumentCreation);
+    script.setWorldId(QWebEngineScript::ApplicationWorld);
+    script.setRunsOnSubFrames(true);
+    return script;
+}
+
 } // namespace
 
 WebPage::WebPage(QWebEngineProfile* profile, const WebViewConfiguration& configuration)
@@ -57,6 +74,7 @@ WebPage::WebPage(QWebEngineProfile* profile, const WebViewConfiguration& configu
     settings()->setAttribute(QWebEngineSettings::PlaybackRequiresUserGesture,
                              configuration.mediaPlaybackRequiresUserAction);
     settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::DisallowUnknownUrlSchemes);
+    scripts().insert(withoutDrags());
     refuseRequests();
 }
 

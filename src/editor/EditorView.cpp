@@ -1,5 +1,6 @@
 #include "editor/EditorView.h"
 
+#include "desktop/DeleteAtRest.h"
 #include "desktop/ImageDecoding.h"
 #include "desktop/PreviewWebWidget.h"
 #include "desktop/theme/Theme.h"
@@ -15,7 +16,9 @@
 #include "editor/outline/OutlineDragging.h"
 #include "preview/ArticleDerivedContentCache.h"
 
+#include <QList>
 #include <QPainter>
+#include <QPointer>
 #include <QVBoxLayout>
 #include <QWebEngineView>
 
@@ -59,6 +62,7 @@ struct EditorView::Parts {
     QWidget* middle = nullptr;
     QWidget* inspector = nullptr;
     std::unique_ptr<PreviewPane> preview; ///< only while the page is shown
+    QList<QPointer<PreviewPane>> retired; ///< that wait to be deleted
     std::unique_ptr<JSONSourceView> json; ///< only while the JSON is shown
     std::unique_ptr<FindBar> find;        ///< of the JSON
     Subscription subscription;
@@ -102,7 +106,11 @@ EditorView::EditorView(DocumentStore& store, Settings& settings, Scheduler& sche
     refresh();
 }
 
-EditorView::~EditorView() = default;
+EditorView::~EditorView() {
+    for (const QPointer<PreviewPane>& pane : m_parts->retired) {
+        delete pane.data();
+    }
+}
 
 void EditorView::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
@@ -189,7 +197,7 @@ void EditorView::focusNextColumn() {
 
 void EditorView::showJSON() {
     Parts& parts = *m_parts;
-    parts.preview.reset();
+    retirePreview();
     if (!parts.json) {
         parts.json = std::make_unique<JSONSourceView>(parts.middle);
         parts.find = std::make_unique<FindBar>(*parts.json, parts.middle);
@@ -198,6 +206,19 @@ void EditorView::showJSON() {
         parts.json->show();
     }
     parts.json->setJSON(parts.derivedContentCache.jsonText(parts.store.article()));
+}
+
+/// Not deleted at once: the engine may be in the middle of an event, and while it goes it hands back the keys
+/// that its page has not taken up, which are commands of the window.
+void EditorView::retirePreview() {
+    Parts& parts = *m_parts;
+    if (PreviewPane* pane = parts.preview.release()) {
+        parts.middle->layout()->removeWidget(pane);
+        pane->retire();
+        parts.retired.removeIf([](const QPointer<PreviewPane>& each) { return each.isNull(); });
+        parts.retired.append(pane);
+        deleteAtRest(pane);
+    }
 }
 
 void EditorView::showPreview() {

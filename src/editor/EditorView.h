@@ -47,6 +47,7 @@ private:
     void refresh();
     void focusMiddle();
     void showPreview();
+    void retirePreview();
     void showJSON();
 
     struct Parts;

@@ -120,6 +120,14 @@ void PreviewPane::setChoice(const PreviewChoice& choice) {
     }
 }
 
+void PreviewPane::retire() {
+    m_parts->subscription = {};
+    m_parts->preview.onRendered = nullptr;
+    m_parts->settings.disconnect(this);
+    disconnect();
+    hide();
+}
+
 PreviewWebWidget& PreviewPane::webWidget() const {
     return m_parts->web;
 }

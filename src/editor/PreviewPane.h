@@ -35,6 +35,8 @@ public:
     ~PreviewPane() override;
 
     void setChoice(const PreviewChoice& choice);
+    /// Goes out of sight and follows nothing any more: all that is left to do is to delete it.
+    void retire();
 
     PreviewWebWidget& webWidget() const;
 

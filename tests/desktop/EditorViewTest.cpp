@@ -68,10 +68,10 @@ protected:
         QTest::keyClick(menu, Qt::Key_Return);
     }
     QString caption() const { return window->findChild<PreviewCaption*>()->accessibleName(); }
-    QSize pageSize() const { return window->findChild<PreviewPane*>()->webWidget().size(); }
+    QSize pageSize() const { return window->findChild<EditorView*>()->preview()->webWidget().size(); }
     std::string widthInPage() {
         const auto result = std::make_shared<std::string>();
-        window->findChild<PreviewPane*>()->webWidget().evaluate(
+        window->findChild<EditorView*>()->preview()->webWidget().evaluate(
             "String(innerWidth)", [result](const QString& value) { *result = value.toStdString(); });
         (void)waitFor([&] { return !result->empty(); }, std::chrono::seconds(2));
         return *result;
@@ -89,7 +89,7 @@ TEST_F(EditorViewTest, devicesFramesAndOrientation) {
     chooseDevice("iPhone");
     EXPECT_EQ(caption(), "iPhone · 393 pt · compact · Auto");
     EXPECT_EQ(pageSize().width(), 393);
-    EXPECT_EQ(pageSize().height(), window->findChild<PreviewPane*>()->height() - 56);
+    EXPECT_EQ(pageSize().height(), window->findChild<EditorView*>()->preview()->height() - 56);
     EXPECT_TRUE(waitFor([&] { return widthInPage() == "393"; }));
     const auto* stage = find<QScrollArea>("previewStage");
     EXPECT_FALSE(stage->horizontalScrollBar()->isVisible());
@@ -98,7 +98,7 @@ TEST_F(EditorViewTest, devicesFramesAndOrientation) {
     EXPECT_EQ(find<QAbstractButton>("orientation")->accessibleName(), "Landscape");
     EXPECT_EQ(pageSize(), QSize(852, 393));
     ASSERT_TRUE(waitFor([&] { return widthInPage() == "852"; }));
-    QWidget* engine = window->findChild<PreviewPane*>()->webWidget().view()->focusProxy();
+    QWidget* engine = window->findChild<EditorView*>()->preview()->webWidget().view()->focusProxy();
     QWheelEvent wheel({50, 50}, engine->mapToGlobal(QPoint(50, 50)), {}, {0, -120}, Qt::NoButton,
                       Qt::ShiftModifier, Qt::NoScrollPhase, false);
     QApplication::sendEvent(engine, &wheel);
@@ -115,11 +115,11 @@ TEST_F(EditorViewTest, devicesFramesAndOrientation) {
     press("appearanceDark");
     EXPECT_TRUE(find<QAbstractButton>("appearanceDark")->isChecked()) << "a second press changes nothing";
     chooseDevice("Auto");
-    EXPECT_EQ(pageSize(), window->findChild<PreviewPane*>()->size());
+    EXPECT_EQ(pageSize(), window->findChild<EditorView*>()->preview()->size());
 }
 
 TEST_F(EditorViewTest, captionFrameAndToolbarStandInTheirPlaces) {
-    const auto* pane = window->findChild<PreviewPane*>();
+    const auto* pane = window->findChild<EditorView*>()->preview();
     const auto* captionLine = window->findChild<PreviewCaption*>();
     const auto* toolbar = find<QWidget>("toolbar");
     const auto* strip = find<QWidget>("previewControls");
@@ -140,7 +140,7 @@ TEST_F(EditorViewTest, captionFrameAndToolbarStandInTheirPlaces) {
     EXPECT_TRUE(waitFor([&] { return strip->width() < 200; }));
     press("modePreview");
     EXPECT_TRUE(waitFor(isStripAtRest)) << "it comes back whole";
-    pane = window->findChild<PreviewPane*>();
+    pane = window->findChild<EditorView*>()->preview();
     captionLine = window->findChild<PreviewCaption*>();
     ASSERT_TRUE(waitFor([&] { return pane->width() > 0 && captionLine->isVisible(); }));
     EXPECT_EQ(within(captionLine).top(), 12);
@@ -208,9 +208,9 @@ TEST_F(EditorViewTest, theKeyboardStaysInTheOutline) {
     ASSERT_TRUE(window->findChild<JSONSourceView*>());
     EXPECT_EQ(window->focusWidget(), outline);
     QTest::keyClick(window, Qt::Key_2, Qt::ControlModifier);
-    ASSERT_TRUE(window->findChild<PreviewPane*>());
+    ASSERT_TRUE(window->findChild<EditorView*>()->preview());
     EXPECT_EQ(window->focusWidget(), outline);
-    PreviewWebWidget& web = window->findChild<PreviewPane*>()->webWidget();
+    PreviewWebWidget& web = window->findChild<EditorView*>()->preview()->webWidget();
     QSignalSpy finished(&web, &PreviewWebWidget::finished);
     ASSERT_TRUE(waitFor([&] { return finished.count() == 1; }));
     ::kill(static_cast<pid_t>(web.processId()), SIGKILL);
@@ -222,10 +222,10 @@ TEST_F(EditorViewTest, theMiddleShowsTheKeyboardAfterAKeyAndNotAfterAClick) {
     window->activateWindow();
     ASSERT_TRUE(waitFor([&] { return window->isActiveWindow(); }));
     const auto* ring = find<QWidget>("previewFocusRing");
-    QWidget* engine = window->findChild<PreviewPane*>()->webWidget().view()->focusProxy();
+    QWidget* engine = window->findChild<EditorView*>()->preview()->webWidget().view()->focusProxy();
     engine->setFocus(Qt::TabFocusReason);
     EXPECT_TRUE(ring->isVisible());
-    EXPECT_EQ(ring->size(), window->findChild<PreviewPane*>()->size());
+    EXPECT_EQ(ring->size(), window->findChild<EditorView*>()->preview()->size());
     QTest::mouseClick(engine, Qt::LeftButton);
     EXPECT_FALSE(ring->isVisible());
     find<QTreeView>("outline")->setFocus();
@@ -277,7 +277,7 @@ TEST_F(EditorViewTest, theJsonIsThereToReadSelectAndCopy) {
     press("modeJSON");
     auto* json = window->findChild<JSONSourceView*>();
     ASSERT_TRUE(json);
-    EXPECT_FALSE(window->findChild<PreviewPane*>());
+    EXPECT_FALSE(window->findChild<EditorView*>()->preview());
     EXPECT_TRUE(waitFor([&] { return !find<QWidget>("deviceMenu")->isVisible(); }));
     const auto text = [&] {
         return json->text();

@@ -43,7 +43,7 @@ protected:
         });
         m_package = writePackage("Trip");
         session = open(m_package);
-        pane = session->window().findChild<PreviewPane*>();
+        pane = session->window().findChild<EditorView*>()->preview();
     }
     ~LivePreviewTest() override { setLogSink({}); }
 
@@ -102,7 +102,7 @@ TEST_F(LivePreviewTest, thePageFollowsEditsUndoSaveAndReopening) {
     ASSERT_TRUE(waitFor([&] { return !session->store().isEdited(); }));
     restart();
     session = open(m_package);
-    pane = session->window().findChild<PreviewPane*>();
+    pane = session->window().findChild<EditorView*>()->preview();
     EXPECT_TRUE(shows("second words"));
 }
 
@@ -190,7 +190,7 @@ TEST_F(LivePreviewTest, aPictureThatAnotherProgramReplacedIsShownAnew) {
     article.components = {photo};
     m_folder.write("Pictures/article.json", *sharedArticleEncoder.encode(article));
     session = open(path("Pictures"));
-    pane = session->window().findChild<PreviewPane*>();
+    pane = session->window().findChild<EditorView*>()->preview();
     ASSERT_TRUE(comesTrue("document.images[0].naturalWidth === 4"));
     m_folder.write("Pictures/a.bmp", picture(8, 2));
     QFile(QString::fromStdString(path("Pictures/a.bmp")))

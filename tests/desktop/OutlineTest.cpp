@@ -366,7 +366,7 @@ TEST_F(OutlineTest, aClickInThePageSelectsWhatWasClicked) {
     linked.format = TextFormat::html;
     setComponents({title, linked, quote});
     QSignalSpy shown(window->findChild<EditorView*>(), &EditorView::pageShown);
-    auto* pane = window->findChild<PreviewPane*>();
+    auto* pane = window->findChild<EditorView*>()->preview();
     const auto placeOf = [&](const std::string& selector) {
         const auto text = std::make_shared<QString>();
         const auto script = "(() => { const box = document.querySelector('" + selector +

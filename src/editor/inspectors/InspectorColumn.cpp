@@ -62,7 +62,7 @@ void InspectorColumn::refresh() {
     const Component component = access->read();
     parts.header->setContent(std::string(component.role.filledSymbolName()),
                              QString::fromStdString(component.role.displayName()),
-                             QString::fromStdString(component.summary()).simplified());
+                             shownLine(component.summary()));
     parts.pages->setCurrentWidget(parts.selected);
 }
 

@@ -271,8 +271,7 @@ bool ComponentOutlineView::matches(const QModelIndex& index, const QString& sear
     const Component* component = OutlineModel::component(index);
     const QString name = index.data(Qt::DisplayRole).toString();
     return name.startsWith(search, Qt::CaseInsensitive) ||
-           (component &&
-            QString::fromStdString(component->summary()).startsWith(search, Qt::CaseInsensitive));
+           (component && shownLine(component->summary()).startsWith(search, Qt::CaseInsensitive));
 }
 
 QModelIndex ComponentOutlineView::visibleAncestor(QModelIndex index) const {

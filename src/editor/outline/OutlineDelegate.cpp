@@ -1,5 +1,6 @@
 #include "editor/outline/OutlineDelegate.h"
 
+#include "desktop/DocumentText.h"
 #include "desktop/theme/Painting.h"
 #include "desktop/theme/Symbols.h"
 #include "desktop/theme/Theme.h"
@@ -28,9 +29,8 @@ constexpr double componentSymbol = 16;
 constexpr double articleSymbol = 17;
 constexpr double dropTintOpacity = 0.16;
 constexpr int dropLine = 2;
-constexpr int dropLineEnd = 8;         ///< from the row's right
-constexpr double bounce = 0.22;        ///< how much larger a symbol becomes on its way
-constexpr qsizetype longestLine = 300; ///< letters of a summary; more never fit
+constexpr int dropLineEnd = 8;  ///< from the row's right
+constexpr double bounce = 0.22; ///< how much larger a symbol becomes on its way
 
 QColor tint(std::string_view hex) {
     const QColor color(QString::fromUtf8(hex.data(), static_cast<qsizetype>(hex.size())));
@@ -41,16 +41,14 @@ QColor tintOf(const Component* component) {
     return tint(component ? roleTint(component->role) : articleTint);
 }
 
-/// One line of what may be a long text.
-QString line(const std::string& text) {
-    return QString::fromUtf8(text.data(),
-                             std::min<qsizetype>(static_cast<qsizetype>(text.size()), 4 * longestLine))
-        .left(longestLine)
-        .simplified();
+/// Deeper rows go in no further, so that their names can still be read.
+int shownDepth(int depth) {
+    constexpr int deepest = 8;
+    return std::min(depth, deepest);
 }
 
 int levelStart(int depth) {
-    return distance::inside + chevronSide + (depth + 1) * levelIndent;
+    return distance::inside + chevronSide + (shownDepth(depth) + 1) * levelIndent;
 }
 
 void drawText(QPainter& painter, const QRectF& rect, const QString& text, TextSize size,
@@ -114,12 +112,12 @@ void OutlineDelegate::play(const std::function<void()>& changed) {
 }
 
 QRect OutlineDelegate::chevronRect(const QRect& row, int depth) {
-    return {row.left() + distance::inside + (depth + 1) * levelIndent,
+    return {row.left() + distance::inside + (shownDepth(depth) + 1) * levelIndent,
             row.top() + (row.height() - chevronSide) / 2, chevronSide, chevronSide};
 }
 
 int OutlineDelegate::textStart(int depth) {
-    return levelStart(depth) + std::max(depth, 0) * depthIndent + iconWidth + iconToText;
+    return levelStart(depth) + std::max(shownDepth(depth), 0) * depthIndent + iconWidth + iconToText;
 }
 
 QSize OutlineDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
@@ -173,8 +171,8 @@ void OutlineDelegate::paintRow(QPainter& painter, const QStyleOptionViewItem& op
     paintIcon(painter, {text - iconToText - iconWidth, row.top(), iconWidth, row.height()}, index,
               isSelected);
     const auto* model = static_cast<const OutlineModel*>(index.model());
-    const QString secondary = !component             ? line(model->title().toStdString())
-                              : m_state.showsDetails ? line(component->summary())
+    const QString secondary = !component             ? model->title()
+                              : m_state.showsDetails ? shownLine(component->summary())
                                                      : QString();
     drawTexts(painter, {text, row.top(), row.right() - distance::beside - text, row.height()},
               index.data(Qt::DisplayRole).toString(), secondary);

@@ -89,7 +89,7 @@ QVariant OutlineModel::data(const QModelIndex& index, int role) const {
     case Qt::AccessibleTextRole:
         return shown ? QString::fromStdString(shown->role.displayName()) : tr("Article");
     case Qt::AccessibleDescriptionRole: {
-        const QString text = shown ? QString::fromStdString(shown->summary()) : m_title;
+        const QString text = shown ? shownLine(shown->summary()) : m_title;
         const int level = node(index).depth() + 2;
         const QString place = tr("level %1").arg(level);
         return text.isEmpty() ? place : text + QStringLiteral(", ") + place;
