@@ -48,8 +48,12 @@ struct Sieve {
         }
     }
     unsigned char passes(unsigned char byte) const {
-        return static_cast<unsigned char>(isOpen | (byte == bytes[0]) | (byte == bytes[1]) |
-                                          (byte == bytes[2]) | (byte == bytes[3]));
+        // Without branches, so that many bytes go at once.
+        const auto is = [byte](unsigned char wanted) {
+            return static_cast<unsigned>(byte == wanted);
+        };
+        return static_cast<unsigned char>(static_cast<unsigned>(isOpen) | is(bytes[0]) | is(bytes[1]) |
+                                          is(bytes[2]) | is(bytes[3]));
     }
 };
 
