@@ -80,6 +80,16 @@ TEST_F(WebViewTest, aPageHandedOverInPiecesIsTheSameDocument) {
                   "`, 'text/html').documentElement.outerHTML"));
 }
 
+TEST_F(WebViewTest, nothingIsDraggedOutOfAPage) {
+    ASSERT_TRUE(load(
+        page("<p id='p'>words</p><script>"
+             "window.addEventListener('dragstart', () => { window.wasAsked = true; }, true);</script>")));
+    EXPECT_EQ(run("document.getElementById('p').dispatchEvent("
+                  "new DragEvent('dragstart', {bubbles: true, cancelable: true}))"),
+              "false");
+    EXPECT_EQ(run("window.wasAsked"), "undefined");
+}
+
 TEST_F(WebViewTest, largePagesLoad) {
     const std::string filler(20U << 20U, 'x');
     ASSERT_TRUE(load(page("<div hidden>" + filler + "</div><p id='end'>end</p>")));
