@@ -1,6 +1,7 @@
 #include "desktop/DocumentWindow.h"
 
 #include "desktop/DocumentText.h"
+#include "desktop/MenuItem.h"
 #include "desktop/RecentDocuments.h"
 #include "desktop/WindowPlacement.h"
 
@@ -45,18 +46,6 @@ constexpr Command fileCommands[] = {
 constexpr Command newCommand = {"new", "&New", QKeySequence::New, "Ctrl+N", &DocumentWindow::newRequested};
 constexpr Command openCommand = {"open", "&Open…", QKeySequence::Open, "Ctrl+O",
                                  &DocumentWindow::openRequested};
-
-QAction* addItem(QMenu& menu, const char* name, const QString& text, QKeySequence::StandardKey key,
-                 const char* otherKey) {
-    QAction* action = menu.addAction(text);
-    action->setObjectName(QLatin1String(name));
-    QList<QKeySequence> keys = QKeySequence::keyBindings(key);
-    if (keys.isEmpty() && *otherKey) {
-        keys.append(QKeySequence(QLatin1String(otherKey)));
-    }
-    action->setShortcuts(keys);
-    return action;
-}
 
 constexpr QSize usualSize(1720, 1040); ///< where there is no screen to be placed on
 
@@ -153,10 +142,11 @@ void DocumentWindow::buildMenus() {
                   [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
     QMenu* file = &menu(WindowMenu::File);
     const auto add = [&](const Command& command) {
-        QAction* action =
-            addItem(*file, command.name, QString::fromUtf8(command.text), command.key, command.otherKey);
-        connect(action, &QAction::triggered, this, [this, signal = command.signal] { (this->*signal)(); });
-        return action;
+        return addMenuItem(*file,
+                           {command.name, QString::fromUtf8(command.text),
+                            standardKeys(command.key, command.otherKey), [this, signal = command.signal] {
+                                (this->*signal)();
+                            }});
     };
     add(newCommand);
     add(openCommand);
@@ -173,10 +163,14 @@ void DocumentWindow::buildMenus() {
     file->insertSeparator(file->actions().last());
 
     QMenu* edit = &menu(WindowMenu::Edit);
-    m_parts->undo = addItem(*edit, "undo", QStringLiteral("Undo"), QKeySequence::Undo, "Ctrl+Z");
-    connect(m_parts->undo, &QAction::triggered, this, [this] { m_parts->store.undo(); });
-    m_parts->redo = addItem(*edit, "redo", QStringLiteral("Redo"), QKeySequence::Redo, "Ctrl+Shift+Z");
-    connect(m_parts->redo, &QAction::triggered, this, [this] { m_parts->store.redo(); });
+    m_parts->undo = addMenuItem(
+        *edit, {"undo", QStringLiteral("Undo"), standardKeys(QKeySequence::Undo, "Ctrl+Z"), [this] {
+                    m_parts->store.undo();
+                }});
+    m_parts->redo = addMenuItem(
+        *edit, {"redo", QStringLiteral("Redo"), standardKeys(QKeySequence::Redo, "Ctrl+Shift+Z"), [this] {
+                    m_parts->store.redo();
+                }});
 }
 
 void DocumentWindow::showState() {

@@ -1,6 +1,6 @@
 #include "app/commands/BetaCommands.h"
 
-#include "editor/commands/MenuItem.h"
+#include "desktop/MenuItem.h"
 
 namespace quillon {
 

@@ -2,9 +2,9 @@
 
 #include "base/Time.h"
 #include "desktop/DocumentText.h"
+#include "desktop/MenuItem.h"
 #include "desktop/QtText.h"
 #include "desktop/theme/Symbols.h"
-#include "editor/commands/MenuItem.h"
 #include "package/GeneratedArticle.h"
 #include "package/NewArticle.h"
 #include "package/Templates.h"

@@ -2,9 +2,9 @@
 
 #include "base/endpoints.h"
 #include "desktop/DocumentWindow.h"
+#include "desktop/MenuItem.h"
 #include "desktop/QtText.h"
 #include "desktop/Questions.h"
-#include "editor/commands/MenuItem.h"
 
 #include <QApplication>
 #include <QDesktopServices>

@@ -2,7 +2,7 @@
 
 #include "desktop/DocumentText.h"
 #include "desktop/DocumentWindow.h"
-#include "editor/commands/MenuItem.h"
+#include "desktop/MenuItem.h"
 
 #include <QPointer>
 

@@ -1,6 +1,7 @@
 #include "editor/commands/EditCommands.h"
 
 #include "desktop/DocumentWindow.h"
+#include "desktop/MenuItem.h"
 #include "desktop/Questions.h"
 #include "document/ComponentText.h"
 #include "document/EditorOperations.h"
@@ -9,7 +10,6 @@
 #include "editor/EditorWindowState.h"
 #include "editor/FindBar.h"
 #include "editor/commands/FocusedText.h"
-#include "editor/commands/MenuItem.h"
 #include "model/ComponentTree.h"
 
 #include <QApplication>

@@ -1,13 +1,13 @@
 #include "editor/commands/EditorCommands.h"
 
 #include "desktop/DocumentWindow.h"
+#include "desktop/MenuItem.h"
 #include "desktop/QtText.h"
 #include "desktop/Settings.h"
 #include "desktop/theme/Symbols.h"
 #include "editor/EditorView.h"
 #include "editor/EditorWindowState.h"
 #include "editor/commands/Keys.h"
-#include "editor/commands/MenuItem.h"
 
 #include <functional>
 #include <vector>

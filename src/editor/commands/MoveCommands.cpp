@@ -1,10 +1,10 @@
 #include "editor/commands/MoveCommands.h"
 
 #include "desktop/DocumentWindow.h"
+#include "desktop/MenuItem.h"
 #include "document/EditorOperations.h"
 #include "editor/EditorView.h"
 #include "editor/commands/FocusedText.h"
-#include "editor/commands/MenuItem.h"
 
 #include <QApplication>
 

@@ -1,4 +1,4 @@
-#include "editor/commands/MenuItem.h"
+#include "desktop/MenuItem.h"
 
 namespace quillon {
 
@@ -21,7 +21,10 @@ QAction* addCheckItem(QMenu& menu, const MenuItem& item) {
 
 QList<QKeySequence> standardKeys(QKeySequence::StandardKey key, const char* other) {
     QList<QKeySequence> keys = QKeySequence::keyBindings(key);
-    return keys.isEmpty() ? QList<QKeySequence>{QKeySequence(QLatin1String(other))} : keys;
+    if (keys.isEmpty() && *other) {
+        keys.append(QKeySequence(QLatin1String(other)));
+    }
+    return keys;
 }
 
 } // namespace quillon

@@ -23,7 +23,7 @@ QAction* addMenuItem(QMenu& menu, const MenuItem& item, QAction* before = nullpt
 /// Adds an item that carries a check mark; `addMenuItem` otherwise.
 QAction* addCheckItem(QMenu& menu, const MenuItem& item);
 
-/// The desktop's keys for a command, or `other` where it has none.
+/// The desktop's keys for a command, or `other` where it has none; an empty `other` is no key.
 QList<QKeySequence> standardKeys(QKeySequence::StandardKey key, const char* other);
 
 } // namespace quillon
