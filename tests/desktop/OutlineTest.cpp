@@ -288,6 +288,7 @@ TEST_F(OutlineTest, componentsMoveByTheKeyboard) {
         EXPECT_EQ(shape(), each.shape);
         EXPECT_TRUE(isSelected(body));
     }
+    Q_EMIT window->menu(WindowMenu::Edit).aboutToShow();
     EXPECT_FALSE(window->findChild<QAction*>("moveOut")->isEnabled());
     EXPECT_TRUE(window->findChild<QAction*>("moveIn")->isEnabled());
 }

@@ -52,21 +52,34 @@ MoveCommands::MoveCommands(DocumentWindow& window, EditorView& editor)
     }
     connect(
         qApp, &QApplication::focusChanged, this, [this] { refresh(); }, Qt::QueuedConnection);
+    connect(&menu, &QMenu::aboutToShow, this, [this] { lookAhead(); });
+    connect(
+        &menu, &QMenu::aboutToHide, this, [this] { refresh(); }, Qt::QueuedConnection);
     m_parts->subscription = m_parts->store.observe([this](const StoreChange&) { refresh(); });
     refresh();
 }
 
 MoveCommands::~MoveCommands() = default;
 
+/// Cheap, as it follows every edit: a step that leads nowhere does nothing.
 void MoveCommands::refresh() {
     if (FocusedText::isInMenuBar(m_parts->window)) {
         return;
     }
-    const auto& id = m_parts->store.selection().component;
     // In a text these keys go from word to word.
-    const bool isText(FocusedText(m_parts->window));
+    const bool isComponent = m_parts->store.selection().component && !FocusedText(m_parts->window);
     for (const auto& [move, action] : m_parts->actions) {
-        action->setEnabled(id && !isText && movedPlace(*id, move, m_parts->store.article().components));
+        action->setEnabled(isComponent);
+    }
+}
+
+/// What the open menu says of each step.
+void MoveCommands::lookAhead() {
+    refresh();
+    const auto& id = m_parts->store.selection().component;
+    for (const auto& [move, action] : m_parts->actions) {
+        action->setEnabled(action->isEnabled() && id &&
+                           movedPlace(*id, move, m_parts->store.article().components));
     }
 }
 

@@ -20,6 +20,7 @@ public:
 
 private:
     void refresh();
+    void lookAhead();
 
     struct Parts;
     std::unique_ptr<Parts> m_parts;
